@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <zembra/scale/Scale.h>
+#include <zembra/zembra_export.h>
+
+#include <memory>
+#include <string>
+
+namespace zembra {
+
+/// One of the four axes of a plot. Owned by its plot; as long-lived as that.
+class ZEMBRA_EXPORT Axis {
+public:
+    Axis();
+    ~Axis();
+    Axis(const Axis&) = delete;
+    Axis& operator=(const Axis&) = delete;
+
+    /// Whether the axis is shown; series may lie on it either way.
+    void setEnabled(bool on);
+    bool isEnabled() const;
+
+    /// UTF-8; an empty title takes no room.
+    void setTitle(std::string title);
+    const std::string& title() const;
+
+    /// How values are spread. A fixed range that the new scale cannot place becomes automatic.
+    void setScale(const Scale& scale);
+    const Scale& scale() const;
+
+    /// Fixes the range. Units: data units. `first` is the value at the left or lower end, so a pair
+    /// with `first > second` runs the other way. `step` is the distance of the ticks, 0 for an
+    /// automatic one.
+    /// Errors: returns false and changes nothing where the ends are equal, not finite or outside
+    /// the scale's domain; a step that is negative or not finite counts as 0.
+    bool setRange(double first, double second, double step = 0.0);
+    /// With true, the range follows the data again; with false, it stays as it is now.
+    void setAutoScale(bool on);
+    bool isAutoScale() const;
+
+    /// Whether automatic ranges run from right to left, or from top to bottom. Turns a fixed range
+    /// around if it runs the other way.
+    void setInverted(bool on);
+    bool isInverted() const;
+
+    void setGridVisible(bool on);
+    bool isGridVisible() const;
+
+private:
+    friend class Plot;
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace zembra

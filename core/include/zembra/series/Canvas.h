@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <zembra/paint/Painter.h>
+#include <zembra/scale/ScaleMap.h>
+#include <zembra/zembra_export.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zembra {
+
+/// What a series takes from the theme.
+struct SeriesLook {
+    /// The series' own colour, or its place in the theme's cycle.
+    Color color;
+    Color foreground;
+    Color background = Color(255, 255, 255);
+    Font font;
+};
+
+/// Pictures handed to a painter; they stay alive until the frame ends, because a painter may
+/// remember a picture by its address.
+using FrameBuffers = std::vector<std::shared_ptr<const std::vector<std::uint8_t>>>;
+
+/// The data area of a plot while it is being drawn: every series draws through it.
+///
+/// It maps data to pixels, and clips all geometry to its rectangle, widened by the pen where there
+/// is one, in double precision before it reaches the painter: vector targets may ignore clip
+/// rectangles, and raster targets break on coordinates far outside. Points that are not finite are
+/// gaps in lines and leave out whatever else they belong to.
+class ZEMBRA_EXPORT Canvas {
+public:
+    /// Requires: `painter` and `buffers` outlive the canvas.
+    Canvas(Painter& painter, const Rect& rect, const ScaleMap& x, const ScaleMap& y,
+           const SeriesLook& look, FrameBuffers& buffers);
+
+    const Rect& rect() const { return area; }
+    const ScaleMap& x() const { return xMap; }
+    const ScaleMap& y() const { return yMap; }
+    const SeriesLook& look() const { return seriesLook; }
+
+    /// The pixel position of a data point; NaN where a scale cannot place it.
+    Point toPixel(double x, double y) const;
+
+    void drawLine(const Point& from, const Point& to, const Pen& pen);
+    void drawPolyline(const std::vector<Point>& points, const Pen& pen);
+    void drawRect(const Rect& rect, const Pen& pen);
+    void drawEllipse(const Point& centre, double rx, double ry, const Pen& pen);
+    void fillRect(const Rect& rect, const Color& color);
+    void fillPolygon(const std::vector<Point>& points, const Color& color);
+    void fillEllipse(const Point& centre, double rx, double ry, const Color& color);
+    /// A picture at natural size with its top-left corner at `corner`, cropped to the canvas.
+    /// Shape: `width` × `height` RGBA pixels as in `Painter::drawImage`; another size is ignored.
+    void drawImage(const std::shared_ptr<const std::vector<std::uint8_t>>& rgba, int width,
+                   int height, const Point& corner);
+    /// Text whose box has to lie inside the canvas; drawn with the left end of its baseline at
+    /// `baseline`, left out where it does not fit.
+    void drawText(const Point& baseline, const std::string& text, const Font& font,
+                  const Color& color);
+    TextExtent measureText(const std::string& text, const Font& font);
+
+private:
+    void usePen(const Pen& pen);
+
+    Painter& painter;
+    Rect area;
+    ScaleMap xMap;
+    ScaleMap yMap;
+    SeriesLook seriesLook;
+    FrameBuffers& buffers;
+};
+
+} // namespace zembra

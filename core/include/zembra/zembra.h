@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <zembra/chart/Plot.h>
+#include <zembra/paint/RenderSurface.h>
+#include <zembra/series/Canvas.h>
+#include <zembra/series/LineSeries.h>
+#include <zembra/series/ScatterSeries.h>

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include <zembra/series/Canvas.h>
+
+#include "Clip.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace zembra {
+
+namespace {
+
+// Raster engines lose precision or break beyond this many pixels.
+constexpr double farthest = 16000.0;
+
+bool isFinite(const Rect& r) {
+    return std::isfinite(r.x) && std::isfinite(r.y) && std::isfinite(r.width) &&
+           std::isfinite(r.height);
+}
+
+bool contains(const Rect& outer, const Rect& inner) {
+    return inner.left() >= outer.left() && inner.right() <= outer.right() &&
+           inner.top() >= outer.top() && inner.bottom() <= outer.bottom();
+}
+
+// A closed ring of points; fine enough that no edge leaves the ellipse by a tenth of a pixel.
+std::vector<Point> ellipsePoints(const Point& centre, double rx, double ry) {
+    const double radius = std::max(rx, ry);
+    const int count = std::clamp(static_cast<int>(8.0 * std::sqrt(radius)) + 8, 12, 400);
+    std::vector<Point> points;
+    points.reserve(static_cast<std::size_t>(count) + 1);
+    for (int i = 0; i < count; ++i) {
+        const double angle = 2.0 * std::numbers::pi * i / count;
+        points.push_back({centre.x + rx * std::cos(angle), centre.y + ry * std::sin(angle)});
+    }
+    return points;
+}
+
+} // namespace
+
+Canvas::Canvas(Painter& painter, const Rect& rect, const ScaleMap& x, const ScaleMap& y,
+               const SeriesLook& look, FrameBuffers& buffers)
+    : painter(painter), area(rect), xMap(x), yMap(y), seriesLook(look), buffers(buffers) {}
+
+Point Canvas::toPixel(double x, double y) const {
+    return {xMap.transform(x), yMap.transform(y)};
+}
+
+void Canvas::usePen(const Pen& pen) {
+    painter.setPen(pen);
+}
+
+void Canvas::drawLine(const Point& from, const Point& to, const Pen& pen) {
+    drawPolyline({from, to}, pen);
+}
+
+void Canvas::drawPolyline(const std::vector<Point>& points, const Pen& pen) {
+    const Rect limits =
+        intersected(area.grown(pen.widthF()), {-farthest, -farthest, 2 * farthest, 2 * farthest});
+    usePen(pen);
+    clipPolyline(points, limits,
+                 [this](const std::vector<Point>& run) { painter.drawPolyline(run); });
+}
+
+void Canvas::drawRect(const Rect& rect, const Pen& pen) {
+    if (!isFinite(rect))
+        return;
+    if (contains(area, rect)) {
+        usePen(pen);
+        painter.drawRect(rect);
+        return;
+    }
+    drawPolyline({{rect.left(), rect.top()},
+                  {rect.right(), rect.top()},
+                  {rect.right(), rect.bottom()},
+                  {rect.left(), rect.bottom()},
+                  {rect.left(), rect.top()}},
+                 pen);
+}
+
+void Canvas::drawEllipse(const Point& centre, double rx, double ry, const Pen& pen) {
+    const Rect box{centre.x - rx, centre.y - ry, 2.0 * rx, 2.0 * ry};
+    if (!isFinite(box))
+        return;
+    if (contains(area, box)) {
+        usePen(pen);
+        painter.drawEllipse(centre.x, centre.y, rx, ry);
+        return;
+    }
+    auto ring = ellipsePoints(centre, rx, ry);
+    ring.push_back(ring.front());
+    drawPolyline(ring, pen);
+}
+
+void Canvas::fillRect(const Rect& rect, const Color& color) {
+    if (!isFinite(rect))
+        return;
+    const Rect visible = intersected(rect, area);
+    if (!visible.isEmpty())
+        painter.fillRect(visible, color);
+}
+
+void Canvas::fillPolygon(const std::vector<Point>& points, const Color& color) {
+    const auto visible = clipPolygon(points, area);
+    if (!visible.empty())
+        painter.fillPolygon(visible, color);
+}
+
+void Canvas::fillEllipse(const Point& centre, double rx, double ry, const Color& color) {
+    const Rect box{centre.x - rx, centre.y - ry, 2.0 * rx, 2.0 * ry};
+    if (!isFinite(box) || intersected(box, area).isEmpty())
+        return;
+    if (contains(area, box))
+        painter.fillEllipse(centre.x, centre.y, rx, ry, color);
+    else
+        fillPolygon(ellipsePoints(centre, rx, ry), color);
+}
+
+void Canvas::drawImage(const std::shared_ptr<const std::vector<std::uint8_t>>& rgba, int width,
+                       int height, const Point& corner) {
+    if (!rgba || width <= 0 || height <= 0 || !std::isfinite(corner.x) ||
+        !std::isfinite(corner.y) ||
+        rgba->size() != static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4)
+        return;
+    const Rect box{corner.x, corner.y, static_cast<double>(width), static_cast<double>(height)};
+    const Rect visible = intersected(box, area);
+    if (visible.isEmpty())
+        return;
+    if (visible == box) {
+        buffers.push_back(rgba);
+        painter.drawImage(rgba->data(), width, height, corner.x + 0.5 * width,
+                          corner.y + 0.5 * height);
+        return;
+    }
+    // Whole pixels only: the outermost ones may be cut in half by the canvas and are kept if their
+    // centre lies inside.
+    const int left = std::max(0, static_cast<int>(std::ceil(area.left() - corner.x - 0.5)));
+    const int top = std::max(0, static_cast<int>(std::ceil(area.top() - corner.y - 0.5)));
+    const int right = std::min(width, static_cast<int>(std::floor(area.right() - corner.x + 0.5)));
+    const int bottom =
+        std::min(height, static_cast<int>(std::floor(area.bottom() - corner.y + 0.5)));
+    if (left >= right || top >= bottom)
+        return;
+    auto cropped = std::make_shared<std::vector<std::uint8_t>>();
+    cropped->reserve(static_cast<std::size_t>(right - left) *
+                     static_cast<std::size_t>(bottom - top) * 4);
+    for (int row = top; row < bottom; ++row) {
+        const auto* line = rgba->data() + (static_cast<std::ptrdiff_t>(row) * width + left) * 4;
+        cropped->insert(cropped->end(), line, line + static_cast<std::ptrdiff_t>(right - left) * 4);
+    }
+    buffers.push_back(cropped);
+    painter.drawImage(cropped->data(), right - left, bottom - top, corner.x + 0.5 * (left + right),
+                      corner.y + 0.5 * (top + bottom));
+}
+
+void Canvas::drawText(const Point& baseline, const std::string& text, const Font& font,
+                      const Color& color) {
+    if (text.empty() || !std::isfinite(baseline.x) || !std::isfinite(baseline.y))
+        return;
+    const TextExtent extent = painter.measureText(text, font);
+    if (contains(area, {baseline.x, baseline.y - extent.height, extent.width, extent.height}))
+        painter.drawText(baseline.x, baseline.y, text, font, color);
+}
+
+TextExtent Canvas::measureText(const std::string& text, const Font& font) {
+    return painter.measureText(text, font);
+}
+
+} // namespace zembra

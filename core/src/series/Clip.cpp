@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "Clip.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zembra {
+
+namespace {
+
+bool isFinite(const Point& p) {
+    return std::isfinite(p.x) && std::isfinite(p.y);
+}
+
+// Narrows the share [enter, leave] of a segment to where it runs on the inner side of one edge.
+// `along` is how fast the segment leaves over the edge, `room` how far it still is from it.
+bool narrow(double along, double room, double& enter, double& leave) {
+    if (along == 0.0)
+        return room >= 0.0;
+    const double share = room / along;
+    if (along < 0.0)
+        enter = std::max(enter, share);
+    else
+        leave = std::min(leave, share);
+    return enter <= leave;
+}
+
+Point between(const Point& from, const Point& to, double share) {
+    return {from.x + share * (to.x - from.x), from.y + share * (to.y - from.y)};
+}
+
+// One pass of polygon clipping, against the half plane in which `inside` is not negative.
+template <class Inside>
+void clipAgainst(std::vector<Point>& points, std::vector<Point>& scratch, Inside inside) {
+    scratch.clear();
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const Point& from = points[i];
+        const Point& to = points[(i + 1) % points.size()];
+        const double a = inside(from);
+        const double b = inside(to);
+        if (a >= 0.0)
+            scratch.push_back(from);
+        if ((a >= 0.0) != (b >= 0.0))
+            scratch.push_back(between(from, to, a / (a - b)));
+    }
+    points.swap(scratch);
+}
+
+} // namespace
+
+std::optional<std::pair<Point, Point>> clipSegment(const Point& from, const Point& to,
+                                                   const Rect& area) {
+    const double dx = to.x - from.x;
+    const double dy = to.y - from.y;
+    double enter = 0.0;
+    double leave = 1.0;
+    if (!narrow(-dx, from.x - area.left(), enter, leave) ||
+        !narrow(dx, area.right() - from.x, enter, leave) ||
+        !narrow(-dy, from.y - area.top(), enter, leave) ||
+        !narrow(dy, area.bottom() - from.y, enter, leave))
+        return std::nullopt;
+    // Rounding may leave a cut end a hair outside.
+    const auto held = [&area](Point p) {
+        return Point{std::clamp(p.x, area.left(), area.right()),
+                     std::clamp(p.y, area.top(), area.bottom())};
+    };
+    return std::pair{enter > 0.0 ? held(between(from, to, enter)) : from,
+                     leave < 1.0 ? held(between(from, to, leave)) : to};
+}
+
+void clipPolyline(const std::vector<Point>& points, const Rect& area,
+                  const std::function<void(const std::vector<Point>&)>& run) {
+    std::vector<Point> current;
+    const auto finish = [&] {
+        if (current.size() >= 2)
+            run(current);
+        current.clear();
+    };
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const Point& from = points[i - 1];
+        const Point& to = points[i];
+        if (!isFinite(from) || !isFinite(to)) {
+            finish();
+            continue;
+        }
+        const auto part = clipSegment(from, to, area);
+        if (!part) {
+            finish();
+            continue;
+        }
+        if (current.empty())
+            current.push_back(part->first);
+        current.push_back(part->second);
+        if (part->second != to)
+            finish();
+    }
+    finish();
+}
+
+std::vector<Point> clipPolygon(const std::vector<Point>& points, const Rect& area) {
+    if (!std::all_of(points.begin(), points.end(), isFinite))
+        return {};
+    std::vector<Point> result = points;
+    std::vector<Point> scratch;
+    clipAgainst(result, scratch, [&](const Point& p) { return p.x - area.left(); });
+    clipAgainst(result, scratch, [&](const Point& p) { return area.right() - p.x; });
+    clipAgainst(result, scratch, [&](const Point& p) { return p.y - area.top(); });
+    clipAgainst(result, scratch, [&](const Point& p) { return area.bottom() - p.y; });
+    if (result.size() < 3)
+        result.clear();
+    return result;
+}
+
+Rect intersected(const Rect& a, const Rect& b) {
+    const double left = std::max(a.left(), b.left());
+    const double top = std::max(a.top(), b.top());
+    const double right = std::min(a.right(), b.right());
+    const double bottom = std::min(a.bottom(), b.bottom());
+    if (!(left < right && top < bottom))
+        return {};
+    return {left, top, right - left, bottom - top};
+}
+
+} // namespace zembra
