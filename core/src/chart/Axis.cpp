@@ -28,6 +28,7 @@ const std::string& Axis::title() const {
 
 void Axis::setScale(const Scale& scale) {
     d->scale = scale;
+    ++d->revision;
     if (!scale.contains(d->first) || !scale.contains(d->second))
         d->autoScale = true;
 }

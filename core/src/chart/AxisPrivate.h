@@ -3,9 +3,13 @@
 
 #include <zembra/chart/Axis.h>
 
+#include <cstdint>
+
 namespace zembra {
 
 struct Axis::Private {
+    /// Counts what a layout has to start anew for; ranges are not among it.
+    std::uint64_t revision = 1;
     bool enabled = false;
     std::string title;
     Scale scale;

@@ -1,87 +1,85 @@
 // SPDX-License-Identifier: MIT
-#include <zembra/chart/Plot.h>
-
-#include "AxisPrivate.h"
-
-#include <zembra/series/Canvas.h>
+#include "PlotPrivate.h"
 
 #include <algorithm>
-#include <array>
+#include <tuple>
 
 namespace zembra {
 
 namespace {
 
-constexpr int axisCount = 4;
+// The share of the data's span that automatic ranges leave free at either end.
 constexpr double autoPadding = 0.04;
-
-bool isAxis(int axis) {
-    return axis >= 0 && axis < axisCount;
-}
-
-bool isHorizontal(int axis) {
-    return axis >= 2;
-}
 
 } // namespace
 
-struct Plot::Private {
-    // One more than there are: the spare one for numbers that name no axis.
-    std::array<Axis, axisCount + 1> axes;
-    std::string title;
-    Theme theme = Theme::light();
-    std::vector<std::shared_ptr<Series>> series;
-    Rect canvas;
+Plot::Private::Private() {
+    axis(0).enabled = true;
+    axis(2).enabled = true;
+}
 
-    std::pair<double, double> range(int axis) const;
-};
-
-std::pair<double, double> Plot::Private::range(int axis) const {
-    const Axis::Private& a = *axes[static_cast<std::size_t>(axis)].d;
+std::pair<double, double> Plot::Private::range(int id) const {
+    const Axis::Private& a = axis(id);
     if (!a.autoScale)
         return {a.first, a.second};
     Interval data;
     bool fromZero = false;
     for (const auto& s : series) {
-        if (!s->isVisible() || (isHorizontal(axis) ? s->xAxis() : s->yAxis()) != axis)
+        if (!s->isVisible() || (isHorizontalAxis(id) ? s->xAxis() : s->yAxis()) != id)
             continue;
-        const Bounds bounds = s->bounds(axes[static_cast<std::size_t>(s->xAxis())].scale(),
-                                        axes[static_cast<std::size_t>(s->yAxis())].scale());
-        data.include(isHorizontal(axis) ? bounds.x : bounds.y);
-        fromZero = fromZero || (isHorizontal(axis) ? bounds.xFromZero : bounds.yFromZero);
+        const Bounds bounds = s->bounds(axis(s->xAxis()).scale, axis(s->yAxis()).scale);
+        data.include(isHorizontalAxis(id) ? bounds.x : bounds.y);
+        fromZero = fromZero || (isHorizontalAxis(id) ? bounds.xFromZero : bounds.yFromZero);
     }
     const Interval r = a.scale.autoRange(data, autoPadding, fromZero && data.min == 0.0,
                                          fromZero && data.max == 0.0);
     return a.inverted ? std::pair{r.max, r.min} : std::pair{r.min, r.max};
 }
 
-Plot::Plot() : d(std::make_unique<Private>()) {
-    axis(0).setEnabled(true);
-    axis(2).setEnabled(true);
+ScaleMap Plot::Private::mapOver(int id, const Rect& area) const {
+    const auto [first, second] = range(id);
+    return isHorizontalAxis(id)
+               ? ScaleMap(axis(id).scale, area.left(), area.right(), first, second)
+               : ScaleMap(axis(id).scale, area.bottom(), area.top(), first, second);
 }
 
+std::vector<LegendName> Plot::Private::legendNames() const {
+    std::vector<LegendName> names;
+    for (std::size_t i = 0; i < series.size(); ++i)
+        if (series[i]->isVisible() && !series[i]->name().empty())
+            names.push_back({i, series[i]->name()});
+    return names;
+}
+
+Plot::Plot() : d(std::make_unique<Private>()) {}
+
 Plot::~Plot() = default;
+
+void Plot::renderInto(Painter& painter, int width, int height) {
+    if (width <= 0 || height <= 0) {
+        d->canvas = Rect();
+        return;
+    }
+    d->measure.setPainter(painter);
+    const PlotLayout layout = d->layOut(width, height);
+    d->canvas = layout.canvas;
+    d->draw(painter, layout);
+}
 
 Rect Plot::canvasRect() const {
     return d->canvas;
 }
 
 ScaleMap Plot::scaleMap(int axis) const {
-    if (!isAxis(axis))
-        return {};
-    const auto [first, second] = d->range(axis);
-    const Rect& c = d->canvas;
-    return isHorizontal(axis)
-               ? ScaleMap(this->axis(axis).scale(), c.left(), c.right(), first, second)
-               : ScaleMap(this->axis(axis).scale(), c.bottom(), c.top(), first, second);
+    return isAxis(axis) ? d->mapOver(axis, d->canvas) : ScaleMap();
 }
 
 bool Plot::axisEnabled(int axis) const {
-    return isAxis(axis) && this->axis(axis).isEnabled();
+    return isAxis(axis) && d->axis(axis).enabled;
 }
 
 void Plot::setAxisEnabled(int axis, bool on) {
-    this->axis(axis).setEnabled(on && isAxis(axis));
+    this->axis(axis).setEnabled(on);
 }
 
 void Plot::setAxisScale(int axis, double min, double max, double step) {
@@ -91,10 +89,12 @@ void Plot::setAxisScale(int axis, double min, double max, double step) {
 void Plot::setAxisAutoScale(int axis, bool on) {
     if (!isAxis(axis))
         return;
-    Axis::Private& a = *this->axis(axis).d;
+    Axis::Private& a = d->axis(axis);
     if (!on && a.autoScale)
         std::tie(a.first, a.second) = d->range(axis);
-    a.autoScale = on;
+    this->axis(axis).setAutoScale(on);
+    if (on)
+        d->memory.legendCorner.reset();
 }
 
 Axis& Plot::axis(int axis) {
@@ -105,12 +105,28 @@ const Axis& Plot::axis(int axis) const {
     return d->axes[static_cast<std::size_t>(isAxis(axis) ? axis : axisCount)];
 }
 
+Legend& Plot::legend() {
+    return d->legend;
+}
+
+const Legend& Plot::legend() const {
+    return d->legend;
+}
+
 void Plot::setTitle(std::string title) {
     d->title = std::move(title);
 }
 
 const std::string& Plot::title() const {
     return d->title;
+}
+
+void Plot::setSubtitle(std::string subtitle) {
+    d->subtitle = std::move(subtitle);
+}
+
+const std::string& Plot::subtitle() const {
+    return d->subtitle;
 }
 
 void Plot::setTheme(const Theme& theme) {
@@ -122,56 +138,21 @@ const Theme& Plot::theme() const {
 }
 
 void Plot::addSeries(std::shared_ptr<Series> series) {
-    if (series && std::find(d->series.begin(), d->series.end(), series) == d->series.end())
-        d->series.push_back(std::move(series));
+    if (!series || std::find(d->series.begin(), d->series.end(), series) != d->series.end())
+        return;
+    d->series.push_back(std::move(series));
+    d->memory = {};
 }
 
 bool Plot::removeSeries(const std::shared_ptr<Series>& series) {
-    return std::erase(d->series, series) > 0;
+    const bool removed = std::erase(d->series, series) > 0;
+    if (removed)
+        d->memory = {};
+    return removed;
 }
 
 const std::vector<std::shared_ptr<Series>>& Plot::series() const {
     return d->series;
-}
-
-void Plot::renderInto(Painter& painter, int width, int height) {
-    const double w = width;
-    const double h = height;
-    d->canvas = {std::min(60.0, w), std::min(40.0, h), std::max(w - 80.0, 0.0),
-                 std::max(h - 80.0, 0.0)};
-    if (width <= 0 || height <= 0)
-        return;
-    const Theme& theme = d->theme;
-    painter.fillRect({0.0, 0.0, w, h}, theme.background);
-    painter.drawText(d->canvas.x, 25.0, d->title, theme.titleFont, theme.text);
-    FrameBuffers buffers;
-    for (int id = 0; id < axisCount; ++id) {
-        if (!axisEnabled(id))
-            continue;
-        const ScaleMap map = scaleMap(id);
-        for (const Tick& tick : axis(id).scale().ticks(map.s1(), map.s2(), {8, true}).major) {
-            const double p = map.transform(tick.value);
-            painter.setPen(Pen(theme.gridLine));
-            if (isHorizontal(id))
-                painter.drawLine(p, d->canvas.top(), p, d->canvas.bottom());
-            else
-                painter.drawLine(d->canvas.left(), p, d->canvas.right(), p);
-            painter.drawText(isHorizontal(id) ? p : 10.0, isHorizontal(id) ? h - 20.0 : p,
-                             tick.label, theme.tickFont, theme.text);
-        }
-    }
-    painter.setPen(Pen(theme.axisLine));
-    painter.drawRect(d->canvas);
-    painter.setClipRect(d->canvas);
-    for (std::size_t i = 0; i < d->series.size(); ++i) {
-        const Series& s = *d->series[i];
-        SeriesLook look{s.color().value_or(theme.cycle[i % theme.cycle.size()]), theme.text,
-                        theme.canvas, theme.tickFont};
-        Canvas canvas(painter, d->canvas, scaleMap(s.xAxis()), scaleMap(s.yAxis()), look, buffers);
-        if (s.isVisible())
-            s.draw(canvas);
-    }
-    painter.clearClip();
 }
 
 } // namespace zembra

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <zembra/chart/Axis.h>
+#include <zembra/chart/Legend.h>
 #include <zembra/chart/Theme.h>
 #include <zembra/paint/Painter.h>
 #include <zembra/scale/ScaleMap.h>
@@ -51,6 +52,13 @@ public:
     /// UTF-8; an empty title takes no room.
     void setTitle(std::string title);
     const std::string& title() const;
+
+    /// UTF-8; an empty subtitle takes no room.
+    void setSubtitle(std::string subtitle);
+    const std::string& subtitle() const;
+
+    Legend& legend();
+    const Legend& legend() const;
 
     void setTheme(const Theme& theme);
     const Theme& theme() const;

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "AxisLayout.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zembra {
+
+namespace {
+
+// Distances between labels along an axis, in font sizes; ticks are asked for a little farther
+// apart.
+constexpr double labelGap = 0.8;
+constexpr double horizontalTickDistance = 6.5;
+constexpr double verticalTickDistance = 3.4;
+// Numbers are written in no more room than this takes, so that the canvas never moves for them.
+constexpr const char* widestNumber = "−0.00000";
+// Room for longer labels comes in steps, so that it seldom changes.
+constexpr double roomStep = 16.0;
+
+int mostTicks(double length, double fontSize, bool horizontal) {
+    const double distance = fontSize * (horizontal ? horizontalTickDistance : verticalTickDistance);
+    return std::clamp(static_cast<int>(length / std::max(distance, 1.0)) + 1, 2, 60);
+}
+
+// Whether neighbouring labels keep their distance.
+bool fits(const AxisLayout& layout, const Font& font) {
+    const double gap = labelGap * font.pixelSize();
+    const double height = lineHeight(font) * (layout.hasGroups ? 2.0 : 1.0);
+    bool isFirst = true;
+    double previousPixel = 0.0;
+    double previousExtent = 0.0;
+    for (std::size_t i = 0; i < layout.ticks.major.size(); ++i) {
+        const Tick& tick = layout.ticks.major[i];
+        if (tick.label.empty())
+            continue;
+        const double pixel = layout.map.transform(tick.value);
+        const double extent = layout.horizontal ? layout.labelWidths[i] + gap : height;
+        if (!isFirst && std::abs(pixel - previousPixel) < 0.5 * (extent + previousExtent))
+            return false;
+        isFirst = false;
+        previousPixel = pixel;
+        previousExtent = extent;
+    }
+    return true;
+}
+
+double evenSpan(const ScaleMap& map) {
+    return std::abs(map.scale().transform(map.s2()) - map.scale().transform(map.s1()));
+}
+
+bool isSameSpan(double a, double b) {
+    return std::abs(a - b) <= 1e-6 * std::max(a, b);
+}
+
+void measureLabels(AxisLayout& layout, const Font& font, TextMeasure& measure) {
+    layout.labelWidths.clear();
+    layout.hasGroups = false;
+    for (const Tick& tick : layout.ticks.major) {
+        layout.labelWidths.push_back(measure.width(tick.label, font));
+        layout.hasGroups = layout.hasGroups || !tick.group.empty();
+    }
+}
+
+} // namespace
+
+double lineHeight(const Font& font) {
+    return std::ceil(1.3 * font.pixelSize());
+}
+
+double baselineBelowMiddle(const Font& font) {
+    return 0.36 * font.pixelSize();
+}
+
+AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizontal,
+                      const Theme& theme, TextMeasure& measure, AxisMemory& memory) {
+    const Font& font = theme.tickFont;
+    const double length = std::abs(map.p2() - map.p1());
+    if (memory.revision != axis.revision || memory.length != length ||
+        memory.fontSize != font.pixelSize())
+        memory = {axis.revision, length, font.pixelSize(), 0.0, false, 0.0, 0};
+
+    AxisLayout layout;
+    layout.horizontal = horizontal;
+    layout.map = map;
+    TickRequest request;
+    request.maxMajor = mostTicks(length, font.pixelSize(), horizontal);
+    if (memory.maxMajor > 0 && isSameSpan(memory.span, evenSpan(map)))
+        request.maxMajor = std::min(request.maxMajor, memory.maxMajor);
+    for (;;) {
+        layout.ticks = map.scale().ticks(map.s1(), map.s2(), request);
+        measureLabels(layout, font, measure);
+        if (request.maxMajor <= 2 || fits(layout, font))
+            break;
+        request.maxMajor = std::max(2, request.maxMajor * 3 / 4);
+    }
+    memory.maxMajor = request.maxMajor;
+    memory.hasGroups = memory.hasGroups || layout.hasGroups;
+    memory.span = evenSpan(map);
+
+    double needed = lineHeight(font);
+    if (!horizontal) {
+        needed = measure.width(widestNumber, font);
+        for (const Tick& tick : layout.ticks.major) {
+            const double room =
+                std::max(measure.width(tick.label, font), measure.width(tick.group, font));
+            if (room > needed)
+                needed = roomStep * std::ceil(room / roomStep);
+        }
+    }
+    memory.labelRoom = std::max(memory.labelRoom, std::ceil(needed));
+    layout.labelRoom = memory.labelRoom;
+    return layout;
+}
+
+} // namespace zembra

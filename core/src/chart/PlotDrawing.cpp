@@ -1,0 +1,376 @@
+// SPDX-License-Identifier: MIT
+#include "CoveragePainter.h"
+#include "PlotPrivate.h"
+
+#include <zembra/series/Canvas.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace zembra {
+
+namespace {
+
+// Units: logical pixels.
+constexpr double tickLength = 5.0;
+constexpr double minorTickLength = 3.0;
+constexpr double labelGap = 4.0;
+constexpr double titleGap = 4.0;
+constexpr double legendMargin = 8.0;
+// Wide enough to hide what a stroke's cap lets out of the canvas where clipping is ignored.
+constexpr double maskWidth = 10.0;
+constexpr double upwards = -0.5 * std::numbers::pi;
+
+// A line one pixel wide is crisp when it runs through pixel centres.
+double crisp(double position) {
+    return std::floor(position) + 0.5;
+}
+
+struct LabelSpan {
+    double from;
+    double to;
+};
+
+class PlotDrawing {
+public:
+    PlotDrawing(Painter& painter, const PlotLayout& layout, const Theme& theme,
+                TextMeasure& measure)
+        : painter(painter), layout(layout), theme(theme), measure(measure) {}
+
+    void drawBackground();
+    void drawGrid(const AxisLayout& axis);
+    void maskOverhang();
+    void drawAxis(int id, const std::string& title);
+    void drawTexts();
+
+private:
+    void drawText(double x, double y, const std::string& text, const Font& font,
+                  const Color& color);
+    void drawHorizontalLabels(const AxisLayout& axis, double baseline, double groupBaseline);
+    void drawVerticalLabels(int id, const AxisLayout& axis);
+    void drawGroups(const AxisLayout& axis, double baseline);
+    void drawOffset(int id, const AxisLayout& axis, double baseline);
+    void drawAxisTitle(int id, const std::string& title, double baseline);
+    void drawBlock(const TextBlock& block, const Font& font, const Color& color);
+
+    Painter& painter;
+    const PlotLayout& layout;
+    const Theme& theme;
+    TextMeasure& measure;
+};
+
+void PlotDrawing::drawText(double x, double y, const std::string& text, const Font& font,
+                           const Color& color) {
+    if (!text.empty())
+        painter.drawText(x, y, text, font, color);
+}
+
+void PlotDrawing::drawBackground() {
+    painter.fillRect({0.0, 0.0, layout.width, layout.height}, theme.background);
+    if (theme.canvas != theme.background && !layout.canvas.isEmpty())
+        painter.fillRect(layout.canvas, theme.canvas);
+}
+
+void PlotDrawing::drawGrid(const AxisLayout& axis) {
+    painter.setPen(Pen(theme.gridLine, theme.gridLineWidth));
+    for (const Tick& tick : axis.ticks.major) {
+        const double p = crisp(axis.map.transform(tick.value));
+        if (axis.horizontal)
+            painter.drawLine(p, layout.canvas.top(), p, layout.canvas.bottom());
+        else
+            painter.drawLine(layout.canvas.left(), p, layout.canvas.right(), p);
+    }
+}
+
+void PlotDrawing::maskOverhang() {
+    if (theme.background.alpha() < 255)
+        return;
+    const Rect& c = layout.canvas;
+    const Rect outer = c.grown(maskWidth);
+    painter.fillRect({outer.left(), outer.top(), outer.width, maskWidth}, theme.background);
+    painter.fillRect({outer.left(), c.bottom(), outer.width, maskWidth}, theme.background);
+    painter.fillRect({outer.left(), c.top(), maskWidth, c.height}, theme.background);
+    painter.fillRect({c.right(), c.top(), maskWidth, c.height}, theme.background);
+}
+
+void PlotDrawing::drawAxis(int id, const std::string& title) {
+    const AxisLayout& axis = *layout.axes[static_cast<std::size_t>(id)];
+    const Rect& c = layout.canvas;
+    // The line runs just outside the canvas, so that it covers no data.
+    const double edge = id == 0   ? c.left() - 0.5
+                        : id == 1 ? c.right() + 0.5
+                        : id == 2 ? c.bottom() + 0.5
+                                  : c.top() - 0.5;
+    const double outward = id == 0 || id == 3 ? -1.0 : 1.0;
+    painter.setPen(Pen(theme.axisLine, theme.axisLineWidth));
+    if (axis.horizontal)
+        painter.drawLine(c.left() - 0.5, edge, c.right() + 0.5, edge);
+    else
+        painter.drawLine(edge, c.top() - 0.5, edge, c.bottom() + 0.5);
+    const auto drawTick = [&](double value, double length) {
+        const double p = crisp(axis.map.transform(value));
+        if (axis.horizontal)
+            painter.drawLine(p, edge, p, edge + outward * length);
+        else
+            painter.drawLine(edge, p, edge + outward * length, p);
+    };
+    if (!layout.hasTickLabels)
+        return;
+    for (const Tick& tick : axis.ticks.major)
+        drawTick(tick.value, tickLength);
+    for (const double value : axis.ticks.minor)
+        drawTick(value, minorTickLength);
+
+    const double line = lineHeight(theme.tickFont);
+    const double below = baselineBelowMiddle(theme.tickFont);
+    const double titleBelow = baselineBelowMiddle(theme.axisTitleFont);
+    if (axis.horizontal) {
+        const auto lineMiddle = [&](double index) {
+            return edge + outward * (tickLength + labelGap + (index + 0.5) * line);
+        };
+        const double second = std::round(lineMiddle(1.0) + below);
+        drawHorizontalLabels(axis, std::round(lineMiddle(0.0) + below), second);
+        const double titleMiddle =
+            edge + outward * (tickLength + labelGap + line * (axis.hasGroups ? 2.0 : 1.0) +
+                              titleGap + 0.5 * lineHeight(theme.axisTitleFont));
+        const bool hasTitle = layout.hasAxisTitles && !title.empty();
+        drawOffset(id, axis, hasTitle ? std::round(titleMiddle + below) : second);
+        if (hasTitle)
+            drawAxisTitle(id, title, std::round(titleMiddle + titleBelow));
+    } else {
+        drawVerticalLabels(id, axis);
+        drawOffset(id, axis, c.top() - 0.75 * line + below);
+        if (layout.hasAxisTitles && !title.empty()) {
+            const double titleMiddle =
+                edge + outward * (tickLength + labelGap + axis.labelRoom + titleGap +
+                                  0.5 * lineHeight(theme.axisTitleFont));
+            drawAxisTitle(id, title, std::round(titleMiddle + titleBelow));
+        }
+    }
+}
+
+// Labels stay inside the picture, and one that would touch its neighbour is left out.
+void PlotDrawing::drawHorizontalLabels(const AxisLayout& axis, double baseline,
+                                       double groupBaseline) {
+    const double gap = 0.4 * theme.tickFont.pixelSize();
+    std::vector<LabelSpan> taken;
+    for (std::size_t i = 0; i < axis.ticks.major.size(); ++i) {
+        const Tick& tick = axis.ticks.major[i];
+        const double width = axis.labelWidths[i];
+        if (tick.label.empty() || width > layout.width)
+            continue;
+        const double x = std::clamp(axis.map.transform(tick.value) - 0.5 * width, 1.0,
+                                    std::max(layout.width - width - 1.0, 1.0));
+        const bool collides = std::any_of(taken.begin(), taken.end(), [&](const LabelSpan& other) {
+            return x < other.to + gap && x + width + gap > other.from;
+        });
+        if (collides)
+            continue;
+        taken.push_back({x, x + width});
+        drawText(x, baseline, tick.label, theme.tickFont, theme.text);
+    }
+    if (axis.hasGroups)
+        drawGroups(axis, groupBaseline);
+}
+
+// Every run of equal groups is named once, at its first tick; the one that begins before the canvas
+// is named at its edge, so that the name does not wander while the user pans.
+void PlotDrawing::drawGroups(const AxisLayout& axis, double baseline) {
+    struct Run {
+        std::string text;
+        double pixel;
+    };
+    std::vector<Run> runs;
+    const bool reversed = axis.map.s1() > axis.map.s2();
+    const auto& major = axis.ticks.major;
+    for (std::size_t i = 0; i < major.size(); ++i)
+        if (!major[i].group.empty() && (i == 0 || major[i].group != major[i - 1].group))
+            runs.push_back({major[i].group, axis.map.transform(major[i].value)});
+    const double gap = 0.8 * theme.tickFont.pixelSize();
+    double free = 0.0;
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        const double width = measure.width(runs[i].text, theme.tickFont);
+        double x = runs[i].pixel - 0.5 * width;
+        if (reversed) {
+            drawText(std::clamp(x, 1.0, std::max(layout.width - width - 1.0, 1.0)), baseline,
+                     runs[i].text, theme.tickFont, theme.mutedText);
+            continue;
+        }
+        if (i == 0)
+            x = std::min(x, layout.canvas.left());
+        x = std::clamp(std::max(x, free), 1.0, std::max(layout.width - width - 1.0, 1.0));
+        if (x < free)
+            continue;
+        free = x + width + gap;
+        drawText(x, baseline, runs[i].text, theme.tickFont, theme.mutedText);
+    }
+}
+
+void PlotDrawing::drawVerticalLabels(int id, const AxisLayout& axis) {
+    const double line = lineHeight(theme.tickFont);
+    const double below = baselineBelowMiddle(theme.tickFont);
+    const double near = tickLength + labelGap;
+    std::vector<LabelSpan> taken;
+    for (std::size_t i = 0; i < axis.ticks.major.size(); ++i) {
+        const Tick& tick = axis.ticks.major[i];
+        const bool startsGroup =
+            !tick.group.empty() && (i == 0 || axis.ticks.major[i - 1].group != tick.group);
+        const double height = line * (startsGroup ? 2.0 : 1.0);
+        if (tick.label.empty())
+            continue;
+        const double middle = std::clamp(axis.map.transform(tick.value), 0.5 * height,
+                                         std::max(layout.height - 0.5 * height, 0.5 * height));
+        const double from = middle - 0.5 * height;
+        const bool collides = std::any_of(taken.begin(), taken.end(), [&](const LabelSpan& other) {
+            return from < other.to && from + height > other.from;
+        });
+        if (collides)
+            continue;
+        taken.push_back({from, from + height});
+        const auto place = [&](const std::string& text, double width, double at,
+                               const Color& color) {
+            const double x = id == 0 ? layout.canvas.left() - 1.0 - near - width
+                                     : layout.canvas.right() + 1.0 + near;
+            drawText(x, at + below, text, theme.tickFont, color);
+        };
+        place(tick.label, axis.labelWidths[i], from + 0.5 * line, theme.text);
+        if (startsGroup)
+            place(tick.group, measure.width(tick.group, theme.tickFont), from + 1.5 * line,
+                  theme.mutedText);
+    }
+}
+
+void PlotDrawing::drawOffset(int id, const AxisLayout& axis, double baseline) {
+    const std::string& text = axis.ticks.offset;
+    if (text.empty())
+        return;
+    const double width = measure.width(text, theme.tickFont);
+    double x = layout.canvas.right() - width;
+    if (id == 0)
+        x = layout.canvas.left() - tickLength - labelGap - width;
+    else if (id == 1)
+        x = layout.canvas.right() + tickLength + labelGap;
+    x = std::clamp(x, 1.0, std::max(layout.width - width - 1.0, 1.0));
+    drawText(x, baseline, text, theme.tickFont, theme.mutedText);
+}
+
+void PlotDrawing::drawAxisTitle(int id, const std::string& title, double baseline) {
+    const AxisLayout& axis = *layout.axes[static_cast<std::size_t>(id)];
+    const Rect& c = layout.canvas;
+    double room = axis.horizontal ? c.width : layout.height - 2.0;
+    // The offset shares the title's line, at its right end.
+    if (axis.horizontal && !axis.ticks.offset.empty())
+        room -= 2.0 * (measure.width(axis.ticks.offset, theme.tickFont) + 8.0);
+    const std::string text = measure.elided(title, theme.axisTitleFont, room);
+    const double width = measure.width(text, theme.axisTitleFont);
+    if (text.empty())
+        return;
+    if (axis.horizontal) {
+        drawText(c.x + 0.5 * (c.width - width), baseline, text, theme.axisTitleFont, theme.text);
+        return;
+    }
+    const double y = std::clamp(c.y + 0.5 * (c.height + width), width + 1.0,
+                                std::max(layout.height - 1.0, width + 1.0));
+    painter.drawRotatedText(baseline, y, upwards, text, theme.axisTitleFont, theme.text);
+}
+
+void PlotDrawing::drawBlock(const TextBlock& block, const Font& font, const Color& color) {
+    double y = block.y;
+    for (const std::string& line : block.lines) {
+        drawText(block.x, y, line, font, color);
+        y += lineHeight(font);
+    }
+}
+
+void PlotDrawing::drawTexts() {
+    drawBlock(layout.title, theme.titleFont, theme.text);
+    drawBlock(layout.subtitle, theme.subtitleFont, theme.mutedText);
+}
+
+// Corners in the order in which equal ones are preferred.
+constexpr std::array corners = {LegendPosition::TopRight, LegendPosition::TopLeft,
+                                LegendPosition::BottomRight, LegendPosition::BottomLeft};
+
+Rect cornerRect(LegendPosition corner, const PlotLayout& layout) {
+    const Rect room = layout.canvas.grown(-legendMargin);
+    const LegendLayout& legend = layout.legend;
+    const bool left = corner == LegendPosition::TopLeft || corner == LegendPosition::BottomLeft;
+    const bool top = corner == LegendPosition::TopLeft || corner == LegendPosition::TopRight;
+    return {std::round(left ? room.left() : room.right() - legend.width),
+            std::round(top ? room.top() : room.bottom() - legend.height), legend.width,
+            legend.height};
+}
+
+LegendPosition emptiestCorner(const CoveragePainter& coverage, const PlotLayout& layout) {
+    return *std::min_element(corners.begin(), corners.end(), [&](auto a, auto b) {
+        return coverage.covered(cornerRect(a, layout)) < coverage.covered(cornerRect(b, layout));
+    });
+}
+
+} // namespace
+
+void Plot::Private::draw(Painter& painter, const PlotLayout& layout) {
+    PlotDrawing drawing(painter, layout, theme, measure);
+    drawing.drawBackground();
+    for (int id = 0; id < axisCount; ++id)
+        if (layout.axes[static_cast<std::size_t>(id)] && axis(id).gridVisible)
+            drawing.drawGrid(*layout.axes[static_cast<std::size_t>(id)]);
+
+    FrameBuffers buffers;
+    const auto lookOf = [&](std::size_t index) {
+        const Color fallback =
+            theme.cycle.empty() ? theme.text : theme.cycle[index % theme.cycle.size()];
+        return SeriesLook{series[index]->color().value_or(fallback), theme.text, theme.canvas,
+                          theme.tickFont};
+    };
+    const bool insideLegend = !layout.legend.entries.empty() &&
+                              legend.position() != LegendPosition::OutsideRight &&
+                              legend.position() != LegendPosition::OutsideTop;
+    const bool chooses =
+        insideLegend && legend.position() == LegendPosition::Automatic && !memory.legendCorner;
+    CoveragePainter coverage(painter, layout.canvas);
+    Painter& target = chooses ? static_cast<Painter&>(coverage) : painter;
+    if (!layout.canvas.isEmpty()) {
+        painter.setClipRect(layout.canvas);
+        for (std::size_t i = 0; i < series.size(); ++i) {
+            const Series& s = *series[i];
+            if (!s.isVisible())
+                continue;
+            Canvas seriesCanvas(target, layout.canvas, mapOver(s.xAxis(), layout.canvas),
+                                mapOver(s.yAxis(), layout.canvas), lookOf(i), buffers);
+            s.draw(seriesCanvas);
+        }
+        painter.clearClip();
+        drawing.maskOverhang();
+    }
+    for (int id = 0; id < axisCount; ++id)
+        if (layout.axes[static_cast<std::size_t>(id)])
+            drawing.drawAxis(id, axis(id).title);
+    drawing.drawTexts();
+
+    if (layout.legend.entries.empty())
+        return;
+    if (chooses)
+        memory.legendCorner = emptiestCorner(coverage, layout);
+    Point corner = layout.legendCorner;
+    if (insideLegend) {
+        const Rect box = cornerRect(memory.legendCorner.value_or(legend.position()), layout);
+        corner = {box.x, box.y};
+        painter.fillRect(box, theme.legendBackground);
+        painter.setPen(Pen(theme.legendFrame));
+        painter.drawRect({box.x + 0.5, box.y + 0.5, box.width - 1.0, box.height - 1.0});
+    }
+    for (const LegendEntry& entry : layout.legend.entries) {
+        painter.drawText(corner.x + entry.baseline.x, corner.y + entry.baseline.y, entry.text,
+                         theme.legendFont, theme.text);
+        if (entry.series >= series.size())
+            continue;
+        const Rect key{corner.x + entry.key.x, corner.y + entry.key.y, entry.key.width,
+                       entry.key.height};
+        Canvas keyCanvas(painter, key, {}, {}, lookOf(entry.series), buffers);
+        series[entry.series]->drawLegendKey(keyCanvas, key);
+    }
+}
+
+} // namespace zembra

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "AxisLayout.h"
+#include "AxisPrivate.h"
+#include "LegendLayout.h"
+
+#include <zembra/chart/Legend.h>
+#include <zembra/chart/Plot.h>
+
+#include <array>
+#include <optional>
+#include <utility>
+
+namespace zembra {
+
+constexpr int axisCount = 4;
+
+constexpr bool isAxis(int axis) {
+    return axis >= 0 && axis < axisCount;
+}
+constexpr bool isHorizontalAxis(int axis) {
+    return axis >= 2;
+}
+
+/// Lines of text that share a left edge.
+struct TextBlock {
+    std::vector<std::string> lines;
+    double x = 0.0;
+    /// Baseline of the first line.
+    double y = 0.0;
+};
+
+/// Everything that one frame needs to know about places.
+struct PlotLayout {
+    double width = 0.0;
+    double height = 0.0;
+    Rect canvas;
+    TextBlock title;
+    TextBlock subtitle;
+    bool hasAxisTitles = true;
+    bool hasTickLabels = true;
+    /// Set for the axes that are shown.
+    std::array<std::optional<AxisLayout>, axisCount> axes;
+    LegendLayout legend;
+    /// Where a legend outside the canvas stands.
+    Point legendCorner;
+};
+
+/// What layouts hand on to the next one.
+struct LayoutMemory {
+    double width = 0.0;
+    double height = 0.0;
+    std::array<AxisMemory, axisCount> axes;
+    /// The corner an automatic legend has settled in.
+    std::optional<LegendPosition> legendCorner;
+};
+
+struct Plot::Private {
+    Private();
+
+    Axis::Private& axis(int id) { return *axes[static_cast<std::size_t>(id)].d; }
+    const Axis::Private& axis(int id) const { return *axes[static_cast<std::size_t>(id)].d; }
+
+    /// The current range of an axis, first end first.
+    std::pair<double, double> range(int id) const;
+    ScaleMap mapOver(int id, const Rect& area) const;
+    std::vector<LegendName> legendNames() const;
+
+    PlotLayout layOut(double width, double height);
+    void draw(Painter& painter, const PlotLayout& layout);
+
+    // One more than there are: the spare one for numbers that name no axis.
+    std::array<Axis, axisCount + 1> axes;
+    std::string title;
+    std::string subtitle;
+    Theme theme = Theme::light();
+    Legend legend;
+    std::vector<std::shared_ptr<Series>> series;
+    Rect canvas;
+    TextMeasure measure;
+    LayoutMemory memory;
+};
+
+} // namespace zembra
