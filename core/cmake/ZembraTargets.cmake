@@ -2,10 +2,15 @@
 # What every target of the two libraries has in common.
 
 option(ZEMBRA_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
+set(ZEMBRA_SANITIZERS "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 
-# Warnings for our own code; never passed on to whoever links it.
+# Warnings, and sanitizers where asked for; never passed on to whoever links the target.
 function(zembra_strict_warnings target)
     target_compile_options(${target} PRIVATE
         $<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang,AppleClang>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wnon-virtual-dtor;-Woverloaded-virtual>
         $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<BOOL:${ZEMBRA_WARNINGS_AS_ERRORS}>>:-Werror>)
+    if(ZEMBRA_SANITIZERS)
+        target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fsanitize=${ZEMBRA_SANITIZERS};-fno-sanitize-recover=all;-fno-omit-frame-pointer>)
+        target_link_options(${target} PRIVATE -fsanitize=${ZEMBRA_SANITIZERS})
+    endif()
 endfunction()

@@ -12,7 +12,8 @@ namespace {
 // apart.
 constexpr double labelGap = 0.8;
 constexpr double horizontalTickDistance = 6.5;
-constexpr double verticalTickDistance = 3.4;
+constexpr double verticalTickDistance = 3.0;
+constexpr int fewestTicks = 3;
 // Numbers are written in no more room than this takes, so that the canvas never moves for them.
 constexpr const char* widestNumber = "−0.00000";
 // Room for longer labels comes in steps, so that it seldom changes.
@@ -20,7 +21,7 @@ constexpr double roomStep = 16.0;
 
 int mostTicks(double length, double fontSize, bool horizontal) {
     const double distance = fontSize * (horizontal ? horizontalTickDistance : verticalTickDistance);
-    return std::clamp(static_cast<int>(length / std::max(distance, 1.0)) + 1, 2, 60);
+    return std::clamp(static_cast<int>(length / std::max(distance, 1.0)) + 1, fewestTicks, 60);
 }
 
 // Whether neighbouring labels keep their distance.
@@ -43,6 +44,11 @@ bool fits(const AxisLayout& layout, const Font& font) {
         previousExtent = extent;
     }
     return true;
+}
+
+std::ptrdiff_t labelCount(const TickSet& ticks) {
+    return std::count_if(ticks.major.begin(), ticks.major.end(),
+                         [](const Tick& tick) { return !tick.label.empty(); });
 }
 
 double evenSpan(const ScaleMap& map) {
@@ -86,13 +92,22 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
     TickRequest request;
     request.maxMajor = mostTicks(length, font.pixelSize(), horizontal);
     if (memory.maxMajor > 0 && isSameSpan(memory.span, evenSpan(map)))
-        request.maxMajor = std::min(request.maxMajor, memory.maxMajor);
-    for (;;) {
+        request.maxMajor = memory.maxMajor;
+    const auto ask = [&](int maxMajor) {
+        request.maxMajor = maxMajor;
         layout.ticks = map.scale().ticks(map.s1(), map.s2(), request);
         measureLabels(layout, font, measure);
-        if (request.maxMajor <= 2 || fits(layout, font))
-            break;
-        request.maxMajor = std::max(2, request.maxMajor * 3 / 4);
+        return fits(layout, font);
+    };
+    while (!ask(request.maxMajor) && request.maxMajor > 1)
+        request.maxMajor = std::max(1, std::min(request.maxMajor - 1, request.maxMajor * 3 / 4));
+    // One label alone tells no scale: a finer step may bring a second one that still fits.
+    if (const int found = request.maxMajor; labelCount(layout.ticks) < 2) {
+        int finer = found;
+        while (finer < found + 2 * fewestTicks && ask(++finer) && labelCount(layout.ticks) < 2) {
+        }
+        if (labelCount(layout.ticks) < 2 || !fits(layout, font))
+            ask(found);
     }
     memory.maxMajor = request.maxMajor;
     memory.hasGroups = memory.hasGroups || layout.hasGroups;

@@ -23,7 +23,8 @@ struct Margins {
     double bottom = pad;
 };
 
-enum class Detail { Full, NoTitles, NoLabels };
+/// What is left out, step by step, where room is short.
+enum class Detail { Full, TitleOnly, NoTitles, NoLabels };
 
 Rect inside(const Margins& m, double width, double height) {
     return {m.left, m.top, std::max(width - m.left - m.right, 0.0),
@@ -61,7 +62,8 @@ PlotLayout Plot::Private::layOut(double width, double height) {
         memory = {width, height, {}, std::nullopt};
 
     PlotLayout layout;
-    for (const Detail detail : {Detail::Full, Detail::NoTitles, Detail::NoLabels}) {
+    for (const Detail detail :
+         {Detail::Full, Detail::TitleOnly, Detail::NoTitles, Detail::NoLabels}) {
         layout = PlotLayout();
         layout.width = width;
         layout.height = height;
@@ -75,15 +77,13 @@ PlotLayout Plot::Private::layOut(double width, double height) {
         Margins margins;
         if (!layout.hasTickLabels)
             margins = {2.0, 2.0, 2.0, 2.0};
-        if (detail == Detail::Full) {
-            if (!title.empty()) {
-                layout.title = block(title, theme.titleFont, width, 3, margins.top, measure);
-                margins.top += 0.25 * theme.titleFont.pixelSize();
-            }
-            if (!subtitle.empty())
-                layout.subtitle =
-                    block(subtitle, theme.subtitleFont, width, 2, margins.top, measure);
+        if (detail <= Detail::TitleOnly && !title.empty()) {
+            layout.title = block(title, theme.titleFont, width, detail == Detail::Full ? 3 : 1,
+                                 margins.top, measure);
+            margins.top += 0.25 * theme.titleFont.pixelSize();
         }
+        if (detail == Detail::Full && !subtitle.empty())
+            layout.subtitle = block(subtitle, theme.subtitleFont, width, 2, margins.top, measure);
         const auto names = legendNames();
         const bool hasLegend =
             detail == Detail::Full && legend.isVisibleFor(static_cast<int>(names.size()));
