@@ -84,12 +84,13 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
     const double length = std::abs(map.p2() - map.p1());
     if (memory.revision != axis.revision || memory.length != length ||
         memory.fontSize != font.pixelSize())
-        memory = {axis.revision, length, font.pixelSize(), 0.0, false, 0.0, 0};
+        memory = {axis.revision, length, font.pixelSize(), 0.0, 0.0, 0};
 
     AxisLayout layout;
     layout.horizontal = horizontal;
     layout.map = map;
     TickRequest request;
+    request.step = axis.step;
     request.maxMajor = mostTicks(length, font.pixelSize(), horizontal);
     if (memory.maxMajor > 0 && isSameSpan(memory.span, evenSpan(map)))
         request.maxMajor = memory.maxMajor;
@@ -110,7 +111,6 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
             ask(found);
     }
     memory.maxMajor = request.maxMajor;
-    memory.hasGroups = memory.hasGroups || layout.hasGroups;
     memory.span = evenSpan(map);
 
     double needed = lineHeight(font);

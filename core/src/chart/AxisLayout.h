@@ -19,8 +19,6 @@ struct AxisMemory {
     double fontSize = 0.0;
     /// The room given to labels; it grows when it must and never shrinks.
     double labelRoom = 0.0;
-    /// Whether ticks have told a coarser unit, which takes a line of its own.
-    bool hasGroups = false;
     /// The density of ticks found to fit, and the span on the even measure that it was found for.
     double span = 0.0;
     int maxMajor = 0;
@@ -43,6 +41,8 @@ struct AxisLayout {
 struct AxisRequest {
     /// Another number means that remembered room and density no longer hold.
     std::uint64_t revision = 0;
+    /// The host's own distance of ticks, 0 for none.
+    double step = 0.0;
 };
 
 /// Chooses ticks whose labels do not overlap along an axis.

@@ -132,8 +132,9 @@ void PlotDrawing::drawAxis(int id, const std::string& title) {
         const double second = std::round(lineMiddle(1.0) + below);
         drawHorizontalLabels(axis, std::round(lineMiddle(0.0) + below), second);
         const double titleMiddle =
-            edge + outward * (tickLength + labelGap + line * (axis.hasGroups ? 2.0 : 1.0) +
-                              titleGap + 0.5 * lineHeight(theme.axisTitleFont));
+            edge +
+            outward * (tickLength + labelGap + line * (axis.map.scale().hasGroups() ? 2.0 : 1.0) +
+                       titleGap + 0.5 * lineHeight(theme.axisTitleFont));
         const bool hasTitle = layout.hasAxisTitles && !title.empty();
         drawOffset(id, axis, hasTitle ? std::round(titleMiddle + below) : second);
         if (hasTitle)

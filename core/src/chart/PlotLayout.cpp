@@ -48,10 +48,10 @@ double verticalAxisRoom(const AxisLayout& axis, bool hasTitle, const Theme& them
 }
 
 // Room across a horizontal axis: ticks, labels, a line for groups, one for the title or the offset.
-double horizontalAxisRoom(const AxisMemory& memory, bool hasTitle, const Theme& theme) {
+double horizontalAxisRoom(const Scale& scale, bool hasTitle, const Theme& theme) {
     const double line = lineHeight(theme.tickFont);
     const double lastLine = hasTitle ? lineHeight(theme.axisTitleFont) + titleGap : line;
-    return tickLength + labelGap + line + (memory.hasGroups && hasTitle ? line : 0.0) + lastLine +
+    return tickLength + labelGap + line + (scale.hasGroups() && hasTitle ? line : 0.0) + lastLine +
            titleGap;
 }
 
@@ -100,15 +100,15 @@ PlotLayout Plot::Private::layOut(double width, double height) {
             if (enabled(id))
                 (id == 2 ? margins.bottom : margins.top) =
                     (id == 2 ? 0.0 : margins.top) +
-                    horizontalAxisRoom(memory.axes[static_cast<std::size_t>(id)], hasTitle(id),
-                                       theme);
+                    horizontalAxisRoom(axis(id).scale, hasTitle(id), theme);
 
         for (const int id : {0, 1}) {
             if (!enabled(id))
                 continue;
             auto& made = layout.axes[static_cast<std::size_t>(id)];
-            made = layoutAxis({axis(id).revision}, mapOver(id, inside(margins, width, height)),
-                              false, theme, measure, memory.axes[static_cast<std::size_t>(id)]);
+            made = layoutAxis({axis(id).revision, axis(id).step},
+                              mapOver(id, inside(margins, width, height)), false, theme, measure,
+                              memory.axes[static_cast<std::size_t>(id)]);
             (id == 0 ? margins.left : margins.right) = verticalAxisRoom(*made, hasTitle(id), theme);
         }
         // Half of the outermost label of a horizontal axis reaches over the canvas.
@@ -147,8 +147,8 @@ PlotLayout Plot::Private::layOut(double width, double height) {
         const auto index = static_cast<std::size_t>(id);
         if (isHorizontalAxis(id) || !layout.axes[index])
             layout.axes[index] =
-                layoutAxis({axis(id).revision}, mapOver(id, layout.canvas), isHorizontalAxis(id),
-                           theme, measure, memory.axes[index]);
+                layoutAxis({axis(id).revision, axis(id).step}, mapOver(id, layout.canvas),
+                           isHorizontalAxis(id), theme, measure, memory.axes[index]);
         else
             layout.axes[index]->map = mapOver(id, layout.canvas);
     }

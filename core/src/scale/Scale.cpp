@@ -53,6 +53,8 @@ bool Scale::isLinear() const {
     return engine->isLinear();
 }
 
+bool Scale::hasGroups() const { return engine->hasGroups(); }
+
 Interval Scale::autoRange(const Interval& data, double share, bool keepMin, bool keepMax) const {
     if (data.isEmpty() || !contains(data.min) || !contains(data.max))
         return engine->defaultRange();

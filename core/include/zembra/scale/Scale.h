@@ -38,6 +38,8 @@ public:
     bool contains(double value) const;
     /// Whether `transform` is the identity, so that callers may take a faster road.
     bool isLinear() const;
+    /// Whether ticks may tell a coarser unit in their groups, which takes a line of its own.
+    bool hasGroups() const;
 
     /// The range an axis takes by itself for data over `data`: padded by `share` of the span at
     /// both ends, widened where the data is a single value, a default range where it is empty.
@@ -67,6 +69,7 @@ public:
     virtual double invTransform(double position) const = 0;
     virtual bool contains(double value) const = 0;
     virtual bool isLinear() const { return false; }
+    virtual bool hasGroups() const { return false; }
     /// The range for empty data.
     virtual Interval defaultRange() const { return {0.0, 1.0}; }
     /// The range around a single value.

@@ -30,6 +30,9 @@ struct TickRequest {
     /// No engine returns more major ticks than this, and none ever exceeds its own fixed cap.
     int maxMajor = 10;
     bool minor = true;
+    /// The distance between major ticks that the host asks for, in data units; 0 leaves it to the
+    /// engine, and so does one that would make more than `maxMajor` ticks.
+    double step = 0.0;
 };
 
 } // namespace zembra
