@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+/// Input events, delivered at once to a widget, without a window system in between. Positions are
+/// in the pixels of the viewport and may have fractions. Each returns whether somebody accepted the
+/// event; the receiver may be gone by then.
+namespace input {
+
+inline bool mouse(QAbstractScrollArea& area, QEvent::Type type, const QPointF& position,
+                  Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+                  Qt::MouseButton button = Qt::LeftButton) {
+    const bool moves = type == QEvent::MouseMove;
+    const bool ends = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, position, area.viewport()->mapToGlobal(position),
+                      moves ? Qt::NoButton : button, ends ? Qt::NoButton : button, modifiers);
+    QCoreApplication::sendEvent(area.viewport(), &event);
+    return event.isAccepted();
+}
+
+inline bool press(QAbstractScrollArea& area, const QPointF& position,
+                  Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+                  Qt::MouseButton button = Qt::LeftButton) {
+    return mouse(area, QEvent::MouseButtonPress, position, modifiers, button);
+}
+
+inline bool move(QAbstractScrollArea& area, const QPointF& position,
+                 Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    return mouse(area, QEvent::MouseMove, position, modifiers);
+}
+
+inline bool release(QAbstractScrollArea& area, const QPointF& position,
+                    Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+                    Qt::MouseButton button = Qt::LeftButton) {
+    return mouse(area, QEvent::MouseButtonRelease, position, modifiers, button);
+}
+
+inline bool doubleClick(QAbstractScrollArea& area, const QPointF& position,
+                        Qt::MouseButton button = Qt::LeftButton) {
+    return mouse(area, QEvent::MouseButtonDblClick, position, Qt::NoModifier, button);
+}
+
+/// One turn of the wheel. Units: eighths of a degree; a notch is 120.
+inline bool wheel(QAbstractScrollArea& area, const QPointF& position, const QPoint& angleDelta,
+                  Qt::KeyboardModifiers modifiers = Qt::AltModifier) {
+    QWheelEvent event(position, area.viewport()->mapToGlobal(position), QPoint(), angleDelta,
+                      Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(area.viewport(), &event);
+    return event.isAccepted();
+}
+
+/// One key event of that type, sent to one object without looking for shortcuts.
+inline bool key(QObject& receiver, QEvent::Type type, int code,
+                Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QKeyEvent event(type, code, modifiers);
+    event.setAccepted(false);
+    QCoreApplication::sendEvent(&receiver, &event);
+    return event.isAccepted();
+}
+
+} // namespace input
