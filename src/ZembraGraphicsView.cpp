@@ -130,6 +130,11 @@ void ZembraGraphicsView::configureNavigationViewport(QWidget* viewport) {
 
 void ZembraGraphicsView::setupViewport(QWidget* viewport) {
     cancelActiveInteraction();
+    // The old viewport is deleted after this. It passes its focus on to the view, and would take
+    // the view's focus along: keys must go on working.
+    QWidget* old = d->rubberBand ? d->rubberBand->parentWidget() : nullptr;
+    if (old && old != viewport && old->focusProxy() == this)
+        old->setFocusProxy(nullptr);
     QGraphicsView::setupViewport(viewport);
     createRubberBand();
     configureNavigationViewport(viewport);

@@ -5,12 +5,20 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTest>
 #include <QWheelEvent>
 
 /// Input events, delivered at once to a widget, without a window system in between. Positions are
 /// in the pixels of the viewport and may have fractions. Each returns whether somebody accepted the
 /// event; the receiver may be gone by then.
 namespace input {
+
+// As if from the window system: such wheels go on to parents, and such keys are not looked up as
+// shortcuts once more.
+inline void deliver(QObject& receiver, QEvent& event) {
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QCoreApplication::instance()->notify(&receiver, &event);
+}
 
 inline bool mouse(QAbstractScrollArea& area, QEvent::Type type, const QPointF& position,
                   Qt::KeyboardModifiers modifiers = Qt::NoModifier,
@@ -19,7 +27,7 @@ inline bool mouse(QAbstractScrollArea& area, QEvent::Type type, const QPointF& p
     const bool ends = type == QEvent::MouseButtonRelease;
     QMouseEvent event(type, position, area.viewport()->mapToGlobal(position),
                       moves ? Qt::NoButton : button, ends ? Qt::NoButton : button, modifiers);
-    QCoreApplication::sendEvent(area.viewport(), &event);
+    deliver(*area.viewport(), event);
     return event.isAccepted();
 }
 
@@ -50,7 +58,7 @@ inline bool wheel(QAbstractScrollArea& area, const QPointF& position, const QPoi
                   Qt::KeyboardModifiers modifiers = Qt::AltModifier) {
     QWheelEvent event(position, area.viewport()->mapToGlobal(position), QPoint(), angleDelta,
                       Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(area.viewport(), &event);
+    deliver(*area.viewport(), event);
     return event.isAccepted();
 }
 
@@ -59,7 +67,7 @@ inline bool key(QObject& receiver, QEvent::Type type, int code,
                 Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QKeyEvent event(type, code, modifiers);
     event.setAccepted(false);
-    QCoreApplication::sendEvent(&receiver, &event);
+    deliver(receiver, event);
     return event.isAccepted();
 }
 
