@@ -4,21 +4,54 @@
 #include <zembra/chart/Axis.h>
 
 #include <cstdint>
+#include <functional>
+#include <vector>
 
 namespace zembra {
 
+/// What the data on an axis covers.
+struct DataCover {
+    Interval values;
+    /// The values stand on zero.
+    bool fromZero = false;
+
+    void include(const DataCover& other) {
+        values.include(other.values);
+        fromZero = fromZero || other.fromZero;
+    }
+};
+
+/// The range of one axis, or of several that are linked.
+struct AxisRange {
+    bool autoScale = true;
+    double first = 0.0;
+    double second = 1.0;
+    double step = 0.0;
+    /// The axes that follow this range; their data is what an automatic range covers.
+    std::vector<Axis::Private*> axes;
+};
+
 struct Axis::Private {
+    Private();
+    ~Private();
+    Private(const Private&) = delete;
+    Private& operator=(const Private&) = delete;
+
+    /// Leaves the axes it is linked with and follows `other`.
+    void follow(const std::shared_ptr<AxisRange>& other);
+    /// The current range, first end first.
+    std::pair<double, double> currentRange() const;
+
     /// Counts what a layout has to start anew for; ranges are not among it.
     std::uint64_t revision = 1;
     bool enabled = false;
     std::string title;
     Scale scale;
-    bool autoScale = true;
-    double first = 0.0;
-    double second = 1.0;
-    double step = 0.0;
+    std::shared_ptr<AxisRange> range;
     bool inverted = false;
     bool gridVisible = true;
+    /// What the series of the axis' plot cover along it.
+    std::function<DataCover()> cover;
 };
 
 } // namespace zembra

@@ -2,42 +2,56 @@
 #include "PlotPrivate.h"
 
 #include <algorithm>
-#include <tuple>
+#include <cmath>
+#include <utility>
 
 namespace zembra {
-
-namespace {
-
-// The share of the data's span that automatic ranges leave free at either end.
-constexpr double autoPadding = 0.04;
-
-} // namespace
 
 Plot::Private::Private() {
     axis(0).enabled = true;
     axis(2).enabled = true;
+    axis(1).gridVisible = false;
+    axis(3).gridVisible = false;
+    for (int id = 0; id < axisCount; ++id)
+        axis(id).cover = [this, id] { return coverOf(id); };
 }
 
-std::pair<double, double> Plot::Private::range(int id) const {
-    const Axis::Private& a = axis(id);
-    if (!a.autoScale)
-        return {a.first, a.second};
-    Interval data;
-    bool fromZero = false;
+DataCover Plot::Private::coverOf(int id) const {
+    DataCover cover;
     for (const auto& s : series) {
         if (!s->isVisible() || (isHorizontalAxis(id) ? s->xAxis() : s->yAxis()) != id)
             continue;
         const Bounds bounds = s->bounds(axis(s->xAxis()).scale, axis(s->yAxis()).scale);
-        data.include(isHorizontalAxis(id) ? bounds.x : bounds.y);
-        fromZero = fromZero || (isHorizontalAxis(id) ? bounds.xFromZero : bounds.yFromZero);
+        cover.include(isHorizontalAxis(id) ? DataCover{bounds.x, bounds.xFromZero}
+                                           : DataCover{bounds.y, bounds.yFromZero});
     }
-    const Interval r = a.scale.autoRange(data, autoPadding, fromZero && data.min == 0.0,
-                                         fromZero && data.max == 0.0);
-    return a.inverted ? std::pair{r.max, r.min} : std::pair{r.min, r.max};
+    return cover;
+}
+
+std::pair<double, double> Plot::Private::range(int id, const Rect& area) const {
+    const auto own = axis(id).currentRange();
+    const int other = id == 0 ? 2 : 0;
+    if (!(aspect > 0.0) || area.isEmpty() || (id != 0 && id != 2) || !axis(0).scale.isLinear() ||
+        !axis(2).scale.isLinear())
+        return own;
+    const auto crossing = axis(other).currentRange();
+    // Both spans in units of axis 2 for each pixel; the larger one is what both take.
+    const auto perPixel = [&](int along, const std::pair<double, double>& r) {
+        const double span = std::abs(r.second - r.first);
+        return along == 2 ? span / area.width : span * aspect / area.height;
+    };
+    const double widened = perPixel(other, crossing) / perPixel(id, own);
+    if (!std::isfinite(widened) || widened <= 1.0)
+        return own;
+    const double middle = own.first + 0.5 * (own.second - own.first);
+    const double half = 0.5 * (own.second - own.first) * widened;
+    if (!std::isfinite(middle - half) || !std::isfinite(middle + half))
+        return own;
+    return {middle - half, middle + half};
 }
 
 ScaleMap Plot::Private::mapOver(int id, const Rect& area) const {
-    const auto [first, second] = range(id);
+    const auto [first, second] = range(id, area);
     return isHorizontalAxis(id)
                ? ScaleMap(axis(id).scale, area.left(), area.right(), first, second)
                : ScaleMap(axis(id).scale, area.bottom(), area.top(), first, second);
@@ -89,9 +103,6 @@ void Plot::setAxisScale(int axis, double min, double max, double step) {
 void Plot::setAxisAutoScale(int axis, bool on) {
     if (!isAxis(axis))
         return;
-    Axis::Private& a = d->axis(axis);
-    if (!on && a.autoScale)
-        std::tie(a.first, a.second) = d->range(axis);
     this->axis(axis).setAutoScale(on);
     if (on)
         d->memory.legendCorner.reset();
@@ -127,6 +138,14 @@ void Plot::setSubtitle(std::string subtitle) {
 
 const std::string& Plot::subtitle() const {
     return d->subtitle;
+}
+
+void Plot::setAspectRatio(double ratio) {
+    d->aspect = std::isfinite(ratio) && ratio > 0.0 ? ratio : 0.0;
+}
+
+double Plot::aspectRatio() const {
+    return d->aspect;
 }
 
 void Plot::setTheme(const Theme& theme) {

@@ -13,7 +13,7 @@ constexpr double pad = 12.0;
 constexpr double tickLength = 5.0;
 constexpr double labelGap = 4.0;
 constexpr double titleGap = 4.0;
-constexpr double smallestCanvas = 40.0;
+constexpr double smallestCanvas = 28.0;
 
 /// Room around the canvas.
 struct Margins {
@@ -76,7 +76,8 @@ PlotLayout Plot::Private::layOut(double width, double height) {
 
         Margins margins;
         if (!layout.hasTickLabels)
-            margins = {2.0, 2.0, 2.0, 2.0};
+            margins = {std::min(2.0, 0.25 * width), std::min(2.0, 0.25 * height),
+                       std::min(2.0, 0.25 * width), std::min(2.0, 0.25 * height)};
         if (detail <= Detail::TitleOnly && !title.empty()) {
             layout.title = block(title, theme.titleFont, width, detail == Detail::Full ? 3 : 1,
                                  margins.top, measure);
@@ -106,7 +107,7 @@ PlotLayout Plot::Private::layOut(double width, double height) {
             if (!enabled(id))
                 continue;
             auto& made = layout.axes[static_cast<std::size_t>(id)];
-            made = layoutAxis({axis(id).revision, axis(id).step},
+            made = layoutAxis({axis(id).revision, axis(id).range->step},
                               mapOver(id, inside(margins, width, height)), false, theme, measure,
                               memory.axes[static_cast<std::size_t>(id)]);
             (id == 0 ? margins.left : margins.right) = verticalAxisRoom(*made, hasTitle(id), theme);
@@ -124,9 +125,11 @@ PlotLayout Plot::Private::layOut(double width, double height) {
                 margins.right += layout.legend.width + titleGap;
         }
 
-        margins = {std::ceil(margins.left), std::ceil(margins.top), std::ceil(margins.right),
-                   std::ceil(margins.bottom)};
-        layout.canvas = inside(margins, width, height);
+        // Whole pixels keep the canvas' edges crisp.
+        const double left = std::min(std::ceil(margins.left), width);
+        const double top = std::min(std::ceil(margins.top), height);
+        layout.canvas = {left, top, std::max(width - left - std::ceil(margins.right), 0.0),
+                         std::max(height - top - std::ceil(margins.bottom), 0.0)};
         if (detail != Detail::NoLabels &&
             std::min(layout.canvas.width, layout.canvas.height) < smallestCanvas)
             continue;
@@ -147,7 +150,7 @@ PlotLayout Plot::Private::layOut(double width, double height) {
         const auto index = static_cast<std::size_t>(id);
         if (isHorizontalAxis(id) || !layout.axes[index])
             layout.axes[index] =
-                layoutAxis({axis(id).revision, axis(id).step}, mapOver(id, layout.canvas),
+                layoutAxis({axis(id).revision, axis(id).range->step}, mapOver(id, layout.canvas),
                            isHorizontalAxis(id), theme, measure, memory.axes[index]);
         else
             layout.axes[index]->map = mapOver(id, layout.canvas);

@@ -62,8 +62,9 @@ struct Plot::Private {
     Axis::Private& axis(int id) { return *axes[static_cast<std::size_t>(id)].d; }
     const Axis::Private& axis(int id) const { return *axes[static_cast<std::size_t>(id)].d; }
 
-    /// The current range of an axis, first end first.
-    std::pair<double, double> range(int id) const;
+    DataCover coverOf(int id) const;
+    /// The current range of an axis over `area`, first end first, widened where the aspect asks.
+    std::pair<double, double> range(int id, const Rect& area) const;
     ScaleMap mapOver(int id, const Rect& area) const;
     std::vector<LegendName> legendNames() const;
 
@@ -78,6 +79,8 @@ struct Plot::Private {
     Legend legend;
     std::vector<std::shared_ptr<Series>> series;
     Rect canvas;
+    /// Pixels of a unit on axis 0 for each pixel of a unit on axis 2; 0 where it is free.
+    double aspect = 0.0;
     TextMeasure measure;
     LayoutMemory memory;
 };

@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace zembra {
@@ -20,14 +21,14 @@ TickSet LinearScale::ticks(double min, double max, const TickRequest& request) c
     TickSet set;
     const double rough = (max - min) / std::max(request.maxMajor - 1, 1);
     const double power = std::pow(10.0, std::floor(std::log10(rough)));
-    if (!std::isfinite(power) || power <= 0.0)
+    if (!std::isfinite(power) || power <= 0.0 || !std::isfinite(5.0 * rough))
         return set;
     const double digit = rough / power;
     const double step = power * (digit <= 1.0   ? 1.0
                                  : digit <= 2.0 ? 2.0
                                  : digit <= 5.0 ? 5.0
                                                 : 10.0);
-    const int decimals = std::max(0, -static_cast<int>(std::floor(std::log10(step) + 1e-9)));
+    const int decimals = std::clamp(-static_cast<int>(std::floor(std::log10(step) + 1e-9)), 0, 17);
     const double first = std::ceil(min / step);
     for (int i = 0; i < request.maxMajor; ++i) {
         const double value = (first + i) * step;

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace zembra {
 
@@ -35,6 +36,8 @@ public:
     /// Errors: returns false and changes nothing where the ends are equal, not finite or outside
     /// the scale's domain; a step that is negative or not finite counts as 0.
     bool setRange(double first, double second, double step = 0.0);
+    /// The current range, the value at the left or lower end first.
+    std::pair<double, double> range() const;
     /// With true, the range follows the data again; with false, it stays as it is now.
     void setAutoScale(bool on);
     bool isAutoScale() const;
@@ -44,11 +47,21 @@ public:
     void setInverted(bool on);
     bool isInverted() const;
 
+    /// Shares one range with `other` from now on, and takes over its scale: they pan and zoom
+    /// together, and an automatic range covers the data on all of them. The other axis may belong
+    /// to another plot, and either may go away first.
+    void linkTo(Axis& other);
+    /// Goes on alone with the range as it is.
+    void unlink();
+    bool isLinkedTo(const Axis& other) const;
+
+    /// Grid lines run from the major ticks; at first those of the axes 0 and 2.
     void setGridVisible(bool on);
     bool isGridVisible() const;
 
 private:
     friend class Plot;
+    friend struct AxisRange;
     struct Private;
     std::unique_ptr<Private> d;
 };

@@ -49,6 +49,12 @@ public:
     Axis& axis(int axis);
     const Axis& axis(int axis) const;
 
+    /// Fixes how long a unit on axis 0 is, in units on axis 2: with 1 circles are round. The range
+    /// of the axis that has room to spare is widened about its middle. Only for linear axes.
+    /// Errors: ratios that are not above 0 and finite set the aspect free, as it is at first.
+    void setAspectRatio(double ratio);
+    double aspectRatio() const;
+
     /// UTF-8; an empty title takes no room.
     void setTitle(std::string title);
     const std::string& title() const;

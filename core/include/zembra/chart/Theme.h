@@ -32,7 +32,12 @@ struct ZEMBRA_EXPORT Theme {
     double axisLineWidth = 1.0;
     double gridLineWidth = 1.0;
 
+    /// Dark ink on white.
     static Theme light();
+    /// Light ink on a dark ground.
+    static Theme dark();
+    /// Black serif text on white paper; the cycle keeps apart in grey too.
+    static Theme print();
 };
 
 } // namespace zembra

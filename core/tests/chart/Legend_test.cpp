@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "support/TextBoxPainter.h"
+
+#include <zembra/chart/Plot.h>
+#include <zembra/series/LineSeries.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+
+using namespace zembra;
+using zembra::test::TextBoxPainter;
+
+namespace {
+
+std::optional<Rect> boxOf(const TextBoxPainter& painter, const std::string& text) {
+    for (const auto& box : painter.boxes())
+        if (box.text == text)
+            return box.rect;
+    return std::nullopt;
+}
+
+void addLine(Plot& plot, const std::string& name, bool rising = true) {
+    plot.add<LineSeries>(std::vector{0.0, 1.0},
+                         rising ? std::vector{0.0, 1.0} : std::vector{1.0, 0.0}, name);
+}
+
+} // namespace
+
+TEST(Legend, AppearsWithTheSecondNamedSeries) {
+    Plot plot;
+    TextBoxPainter painter;
+    addLine(plot, "one");
+    plot.renderInto(painter, 640, 480);
+    EXPECT_FALSE(boxOf(painter, "one"));
+    addLine(plot, "two");
+    plot.renderInto(painter, 640, 480);
+    EXPECT_TRUE(boxOf(painter, "one"));
+    EXPECT_TRUE(boxOf(painter, "two"));
+}
+
+TEST(Legend, ShowsOneEntryOnlyWhenAskedAndNoneWhenForbidden) {
+    Plot plot;
+    addLine(plot, "one");
+    plot.legend().setVisible(true);
+    TextBoxPainter painter;
+    plot.renderInto(painter, 640, 480);
+    EXPECT_TRUE(boxOf(painter, "one"));
+    addLine(plot, "two");
+    plot.legend().setVisible(false);
+    TextBoxPainter second;
+    plot.renderInto(second, 640, 480);
+    EXPECT_FALSE(boxOf(second, "two"));
+}
+
+TEST(Legend, TakesTheCornerThatCoversLeast) {
+    for (bool rising : {true, false}) {
+        Plot plot;
+        addLine(plot, "one", rising);
+        addLine(plot, "two", rising);
+        TextBoxPainter painter;
+        plot.renderInto(painter, 640, 480);
+        const auto box = boxOf(painter, "one");
+        ASSERT_TRUE(box);
+        // A rising line leaves the upper left free, a falling one the upper right.
+        EXPECT_EQ(box->left() < 320.0, rising);
+        EXPECT_LT(box->top(), 240.0);
+    }
+}
+
+TEST(Legend, StaysInItsCornerWhileTheUserNavigates) {
+    Plot plot;
+    addLine(plot, "one");
+    addLine(plot, "two");
+    TextBoxPainter painter;
+    plot.renderInto(painter, 640, 480);
+    const auto before = boxOf(painter, "one");
+    plot.setAxisScale(2, 0.9, 3.0);
+    plot.setAxisScale(0, -3.0, 0.1);
+    TextBoxPainter later;
+    plot.renderInto(later, 640, 480);
+    EXPECT_EQ(boxOf(later, "one"), before);
+}
+
+TEST(Legend, OutsideThereIsNoLegendInTheCanvas) {
+    for (LegendPosition position : {LegendPosition::OutsideRight, LegendPosition::OutsideTop}) {
+        Plot plot;
+        addLine(plot, "one");
+        addLine(plot, "two");
+        plot.legend().setPosition(position);
+        TextBoxPainter painter;
+        plot.renderInto(painter, 640, 480);
+        for (const char* name : {"one", "two"}) {
+            const auto box = boxOf(painter, name);
+            ASSERT_TRUE(box);
+            EXPECT_FALSE(test::overlap(*box, plot.canvasRect()));
+            EXPECT_LE(box->right(), 640.0);
+        }
+    }
+}
+
+TEST(Legend, CountsTheEntriesThatFindNoRoom) {
+    for (LegendPosition position :
+         {LegendPosition::TopLeft, LegendPosition::OutsideRight, LegendPosition::OutsideTop}) {
+        Plot plot;
+        for (int i = 0; i < 200; ++i)
+            addLine(plot, "series number " + std::to_string(i));
+        plot.legend().setPosition(position);
+        TextBoxPainter painter;
+        plot.renderInto(painter, 640, 480);
+        const bool counted =
+            std::any_of(painter.boxes().begin(), painter.boxes().end(), [](const auto& box) {
+                return box.text.find(" more") != std::string::npos;
+            });
+        EXPECT_TRUE(counted);
+        for (const auto& box : painter.boxes())
+            EXPECT_LE(box.rect.right(), 640.0) << box.text;
+    }
+}

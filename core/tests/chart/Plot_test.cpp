@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "support/TextBoxPainter.h"
+
+#include <zembra/chart/Plot.h>
+#include <zembra/series/LineSeries.h>
+#include <zembra/series/ScatterSeries.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+
+using namespace zembra;
+using zembra::test::RecordingPainter;
+using zembra::test::TextBoxPainter;
+
+namespace {
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+std::vector<double> counted(int n) {
+    std::vector<double> values;
+    for (int i = 0; i < n; ++i)
+        values.push_back(i);
+    return values;
+}
+
+} // namespace
+
+TEST(Plot, ShowsItsPrimaryAxesAtFirst) {
+    const Plot plot;
+    EXPECT_TRUE(plot.axisEnabled(0));
+    EXPECT_FALSE(plot.axisEnabled(1));
+    EXPECT_TRUE(plot.axisEnabled(2));
+    EXPECT_FALSE(plot.axisEnabled(3));
+    EXPECT_TRUE(plot.canvasRect().isEmpty());
+}
+
+TEST(Plot, NumbersThatNameNoAxisChangeNothing) {
+    Plot plot;
+    for (int axis : {-1, 4, 1000, std::numeric_limits<int>::min()}) {
+        plot.setAxisScale(axis, 1.0, 2.0);
+        plot.setAxisAutoScale(axis, true);
+        plot.setAxisEnabled(axis, true);
+        EXPECT_FALSE(plot.axisEnabled(axis));
+        EXPECT_EQ(plot.scaleMap(axis).p1(), plot.scaleMap(axis).p2());
+    }
+}
+
+TEST(Plot, TheScaleMapTellsTheCurrentRangeOverTheLastLayout) {
+    Plot plot;
+    RecordingPainter painter;
+    plot.renderInto(painter, 640, 480);
+    const Rect canvas = plot.canvasRect();
+    ASSERT_FALSE(canvas.isEmpty());
+    plot.setAxisScale(2, 10.0, 20.0);
+    plot.setAxisScale(0, 5.0, -5.0);
+    const ScaleMap x = plot.scaleMap(2);
+    EXPECT_EQ(x.p1(), canvas.left());
+    EXPECT_EQ(x.p2(), canvas.right());
+    EXPECT_EQ(x.s1(), 10.0);
+    EXPECT_EQ(x.s2(), 20.0);
+    const ScaleMap y = plot.scaleMap(0);
+    EXPECT_EQ(y.p1(), canvas.bottom());
+    EXPECT_EQ(y.p2(), canvas.top());
+    EXPECT_EQ(y.s1(), 5.0);
+    EXPECT_EQ(y.invTransform(canvas.top()), -5.0);
+}
+
+TEST(Plot, DrawsNothingWithoutASize) {
+    Plot plot;
+    plot.add<LineSeries>(counted(5), counted(5));
+    for (auto [width, height] : {std::pair{0, 0}, {0, 100}, {100, 0}, {-5, 100}, {100, -5}}) {
+        RecordingPainter painter;
+        plot.renderInto(painter, width, height);
+        EXPECT_EQ(painter.count(), 0u);
+        EXPECT_TRUE(plot.canvasRect().isEmpty());
+    }
+}
+
+TEST(Plot, EverySizeIsDrawnInsideThePicture) {
+    Plot plot;
+    plot.setTitle("A title that is too long for most of these pictures");
+    plot.setSubtitle("and a subtitle");
+    plot.axis(0).setTitle("Vertical title");
+    plot.axis(2).setTitle("Horizontal title");
+    plot.setAxisEnabled(1, true);
+    plot.setAxisEnabled(3, true);
+    plot.add<LineSeries>(counted(50), counted(50), "first");
+    plot.add<LineSeries>(counted(50), counted(50), "second");
+    for (auto [width, height] : {std::pair{1, 1},
+                                 {2, 300},
+                                 {300, 2},
+                                 {40, 30},
+                                 {90, 70},
+                                 {200, 150},
+                                 {640, 480},
+                                 {4000, 3000}}) {
+        TextBoxPainter painter;
+        plot.renderInto(painter, width, height);
+        EXPECT_FALSE(painter.sawWildNumber());
+        const Rect canvas = plot.canvasRect();
+        EXPECT_GE(canvas.left(), 0.0);
+        EXPECT_GE(canvas.top(), 0.0);
+        EXPECT_LE(canvas.right(), width);
+        EXPECT_LE(canvas.bottom(), height);
+        if (width < 200 || height < 150)
+            continue;
+        EXPECT_GE(painter.boxes().size(), 4u) << width << " x " << height;
+        for (const auto& box : painter.boxes()) {
+            EXPECT_GE(box.rect.left(), 0.0) << box.text;
+            EXPECT_GE(box.rect.top(), 0.0) << box.text;
+            EXPECT_LE(box.rect.right(), width) << box.text;
+            EXPECT_LE(box.rect.bottom(), height) << box.text;
+        }
+    }
+}
+
+TEST(Plot, TextsNeverOverlapWhateverTheRange) {
+    std::mt19937_64 random(20260);
+    std::uniform_real_distribution<double> exponent(-12.0, 12.0);
+    std::uniform_real_distribution<double> share(-1.0, 1.0);
+    const Scale scales[] = {Scale::linear(), Scale::time(), Scale::time("Europe/Zurich")};
+    for (int round = 0; round < 600; ++round) {
+        Plot plot;
+        plot.setTitle("Title");
+        plot.axis(0).setTitle("Vertical");
+        plot.axis(2).setTitle("Horizontal");
+        plot.axis(2).setScale(scales[round % 3]);
+        for (int axis : {0, 2}) {
+            const double span = std::pow(10.0, exponent(random));
+            const double middle = share(random) * std::pow(10.0, exponent(random));
+            plot.setAxisScale(axis, middle - span, middle + span);
+        }
+        TextBoxPainter painter;
+        plot.renderInto(painter, 640, 400);
+        EXPECT_FALSE(painter.sawWildNumber());
+        const auto& boxes = painter.boxes();
+        for (std::size_t i = 0; i < boxes.size(); ++i) {
+            EXPECT_GE(boxes[i].rect.left(), 0.0) << boxes[i].text;
+            EXPECT_LE(boxes[i].rect.right(), 640.0) << boxes[i].text;
+            for (std::size_t k = 0; k < i; ++k)
+                EXPECT_FALSE(test::overlap(boxes[i].rect, boxes[k].rect))
+                    << boxes[i].text << " over " << boxes[k].text << " in round " << round;
+        }
+    }
+}
+
+TEST(Plot, TheCanvasStaysWhileLabelsGrowAndShrink) {
+    Plot plot;
+    plot.axis(0).setTitle("Value");
+    plot.setAxisScale(0, 0.0, 10.0);
+    plot.setAxisScale(2, 0.0, 10.0);
+    RecordingPainter painter;
+    plot.renderInto(painter, 640, 480);
+    const Rect canvas = plot.canvasRect();
+    int changes = 0;
+    for (int step = 0; step < 1000; ++step) {
+        for (int axis : {0, 2}) {
+            const ScaleMap map = plot.scaleMap(axis);
+            // To and fro over zero, and from units to hundreds of thousands and back.
+            const double pixels = (step % 200 < 100 ? 1.0 : -1.0) * (step % 7 + 1) * 13.7;
+            const double factor = step % 400 < 200 ? 1.06 : 1.0 / 1.06;
+            const double middle = 0.5 * (map.p1() + map.p2());
+            plot.setAxisScale(axis,
+                              map.invTransform(middle + (map.p1() - middle) * factor - pixels),
+                              map.invTransform(middle + (map.p2() - middle) * factor - pixels));
+        }
+        painter.clear();
+        plot.renderInto(painter, 640, 480);
+        changes += plot.canvasRect() == canvas ? 0 : 1;
+    }
+    EXPECT_EQ(changes, 0);
+}
+
+TEST(Plot, LabelsKeepTheirPlaceAndFormWhilePanning) {
+    Plot plot;
+    plot.setAxisScale(0, 90.0, 105.0);
+    plot.setAxisScale(2, -3.0, 7.0);
+    std::size_t most = 0;
+    std::size_t fewest = 1000;
+    for (int step = 0; step < 1000; ++step) {
+        for (int axis : {0, 2}) {
+            const ScaleMap map = plot.scaleMap(axis);
+            const double delta = (map.s2() - map.s1()) / 640.0;
+            plot.setAxisScale(axis, map.s1() + delta, map.s2() + delta);
+        }
+        TextBoxPainter painter;
+        plot.renderInto(painter, 640, 480);
+        most = std::max(most, painter.boxes().size());
+        fewest = std::min(fewest, painter.boxes().size());
+    }
+    // One label of each axis more or less comes and goes at the ends; a flicker would show more.
+    EXPECT_LE(most - fewest, 2u);
+}
+
+TEST(Plot, TextIsMeasuredOnceNotInEveryFrame) {
+    Plot plot;
+    plot.setTitle("Title");
+    plot.add<LineSeries>(counted(9), counted(9), "a");
+    plot.add<LineSeries>(counted(9), counted(9), "b");
+    RecordingPainter painter;
+    plot.renderInto(painter, 640, 480);
+    EXPECT_GT(painter.measurements(), 0u);
+    const std::size_t before = painter.measurements();
+    for (int i = 0; i < 10; ++i)
+        plot.renderInto(painter, 640, 480);
+    EXPECT_EQ(painter.measurements(), before);
+}
+
+TEST(Plot, ClipsAreTakenBackAndStatesBalanced) {
+    Plot plot;
+    plot.add<LineSeries>(counted(9), counted(9), "a");
+    RecordingPainter painter;
+    plot.renderInto(painter, 640, 480);
+    EXPECT_EQ(painter.count("setClipRect"), painter.count("clearClip"));
+    EXPECT_EQ(painter.count("save"), painter.count("restore"));
+}
+
+TEST(Plot, HiddenSeriesTakeNoPartInAutomaticRanges) {
+    Plot plot;
+    plot.add<LineSeries>(std::vector{0.0, 1.0}, std::vector{0.0, 1.0});
+    auto wide = plot.add<LineSeries>(std::vector{0.0, 900.0}, std::vector{0.0, 900.0});
+    EXPECT_GE(plot.axis(2).range().second, 900.0);
+    wide->setVisible(false);
+    EXPECT_LT(plot.axis(2).range().second, 2.0);
+    EXPECT_TRUE(plot.removeSeries(wide));
+    EXPECT_FALSE(plot.removeSeries(wide));
+    plot.addSeries(nullptr);
+    EXPECT_EQ(plot.series().size(), 1u);
+}
+
+TEST(Plot, SeriesMayLieOnTheOtherAxes) {
+    Plot plot;
+    auto line = plot.add<LineSeries>(std::vector{0.0, 1.0}, std::vector{1000.0, 3000.0});
+    ASSERT_TRUE(line->setAxes(3, 1));
+    EXPECT_FALSE(line->setAxes(0, 1));
+    EXPECT_GE(plot.axis(1).range().second, 3000.0);
+    EXPECT_EQ(plot.axis(0).range(), (std::pair{0.0, 1.0}));
+}
+
+TEST(Plot, AFixedAspectKeepsCirclesRound) {
+    Plot plot;
+    plot.setAspectRatio(1.0);
+    plot.add<LineSeries>(std::vector{-1.0, 1.0}, std::vector{-1.0, 1.0});
+    RecordingPainter painter;
+    for (auto [width, height] : {std::pair{800, 300}, {300, 800}}) {
+        plot.renderInto(painter, width, height);
+        const ScaleMap x = plot.scaleMap(2);
+        const ScaleMap y = plot.scaleMap(0);
+        EXPECT_NEAR(x.transform(1.0) - x.transform(0.0), y.transform(0.0) - y.transform(1.0), 1e-9);
+        EXPECT_LE(x.s1(), -1.0);
+        EXPECT_LE(y.s1(), -1.0);
+    }
+    plot.setAspectRatio(notANumber);
+    EXPECT_EQ(plot.aspectRatio(), 0.0);
+}
