@@ -2,6 +2,7 @@
 #include <zembra/series/Canvas.h>
 
 #include "Clip.h"
+#include "Stroke.h"
 
 #include <cmath>
 #include <numbers>
@@ -9,9 +10,6 @@
 namespace zembra {
 
 namespace {
-
-// Raster engines lose precision or break beyond this many pixels.
-constexpr double farthest = 16000.0;
 
 bool isFinite(const Rect& r) {
     return std::isfinite(r.x) && std::isfinite(r.y) && std::isfinite(r.width) &&
@@ -55,11 +53,7 @@ void Canvas::drawLine(const Point& from, const Point& to, const Pen& pen) {
 }
 
 void Canvas::drawPolyline(const std::vector<Point>& points, const Pen& pen) {
-    const Rect limits =
-        intersected(area.grown(pen.widthF()), {-farthest, -farthest, 2 * farthest, 2 * farthest});
-    usePen(pen);
-    clipPolyline(points, limits,
-                 [this](const std::vector<Point>& run) { painter.drawPolyline(run); });
+    strokePath(painter, area, points, pen, buffers);
 }
 
 void Canvas::drawRect(const Rect& rect, const Pen& pen) {

@@ -82,7 +82,7 @@ public:
                                                  const ScaleMap& y) const;
 
     /// Counts changes: another number means that bounds or looks may differ.
-    std::uint64_t revision() const;
+    virtual std::uint64_t revision() const;
 
 protected:
     /// To be called by a kind after any change of its own.

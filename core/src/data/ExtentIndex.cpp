@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "ExtentIndex.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace zembra {
+
+namespace {
+
+template <class T>
+constexpr T infinity = std::numeric_limits<T>::infinity();
+
+// Several independent lanes let the compiler use vector instructions; a comparison with NaN is
+// false and so leaves the lane as it is.
+constexpr std::size_t lanes = 8;
+
+template <class T>
+void extremes(const T* values, std::size_t count, T& least, T& greatest) {
+    std::array<T, lanes> low;
+    std::array<T, lanes> high;
+    low.fill(infinity<T>);
+    high.fill(-infinity<T>);
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        for (std::size_t lane = 0; lane < lanes; ++lane) {
+            const T v = values[i + lane];
+            low[lane] = v < low[lane] ? v : low[lane];
+            high[lane] = v > high[lane] ? v : high[lane];
+        }
+    }
+    for (; i < count; ++i) {
+        low[0] = values[i] < low[0] ? values[i] : low[0];
+        high[0] = values[i] > high[0] ? values[i] : high[0];
+    }
+    least = *std::min_element(low.begin(), low.end());
+    greatest = *std::max_element(high.begin(), high.end());
+}
+
+} // namespace
+
+template <class T>
+ExtentIndex::Entry ExtentIndex::scan(const T* values, std::size_t first, std::size_t last) const {
+    T least = infinity<T>;
+    T greatest = -infinity<T>;
+    extremes(values + first, last - first, least, greatest);
+    const bool clean = domain == Domain::All || least > T(0);
+    if (clean && least > -infinity<T> && greatest < infinity<T>)
+        return {static_cast<double>(least), static_cast<double>(greatest)};
+    Entry entry{infinity<double>, -infinity<double>};
+    for (std::size_t i = first; i < last; ++i) {
+        const auto v = static_cast<double>(values[i]);
+        if (!std::isfinite(v) || (domain == Domain::Positive && !(v > 0.0)))
+            continue;
+        entry.min = std::min(entry.min, v);
+        entry.max = std::max(entry.max, v);
+    }
+    return entry;
+}
+
+void ExtentIndex::reset() {
+    levels.clear();
+    built = false;
+}
+
+void ExtentIndex::buildLevelAbove(std::size_t level, std::size_t first, std::size_t last) {
+    const std::vector<Entry>& below = levels[level];
+    std::vector<Entry>& above = levels[level + 1];
+    for (std::size_t i = first; i < last; ++i) {
+        Entry entry{infinity<double>, -infinity<double>};
+        const std::size_t end = std::min((i + 1) * fanOut, below.size());
+        for (std::size_t child = i * fanOut; child < end; ++child) {
+            entry.min = std::min(entry.min, below[child].min);
+            entry.max = std::max(entry.max, below[child].max);
+        }
+        above[i] = entry;
+    }
+}
+
+template <class T>
+void ExtentIndex::build(const T* values, std::size_t count) {
+    levels.clear();
+    built = true;
+    // Only whole blocks: what is left over at the end is always looked at itself.
+    for (std::size_t size = count / blockSize; size > 0; size /= fanOut)
+        levels.emplace_back(size);
+    update(values, count, 0, count);
+}
+
+template <class T>
+void ExtentIndex::update(const T* values, std::size_t count, std::size_t first, std::size_t last) {
+    if (!built || levels.empty() || first >= last)
+        return;
+    std::size_t begin = first / blockSize;
+    std::size_t end = std::min((last + blockSize - 1) / blockSize, count / blockSize);
+    for (std::size_t block = begin; block < end; ++block)
+        levels[0][block] = scan(values, block * blockSize, (block + 1) * blockSize);
+    for (std::size_t level = 0; level + 1 < levels.size(); ++level) {
+        begin /= fanOut;
+        end = std::min((end + fanOut - 1) / fanOut, levels[level + 1].size());
+        buildLevelAbove(level, begin, end);
+    }
+}
+
+template <class T>
+Interval ExtentIndex::extent(const T* values, std::size_t first, std::size_t last) const {
+    Interval result;
+    const auto include = [&result](const Entry& entry) {
+        result.min = std::min(result.min, entry.min);
+        result.max = std::max(result.max, entry.max);
+    };
+    if (first >= last)
+        return result;
+    std::size_t low = (first + blockSize - 1) / blockSize;
+    std::size_t high = last / blockSize;
+    if (low >= high || levels.empty()) {
+        include(scan(values, first, last));
+        return result;
+    }
+    if (first < low * blockSize)
+        include(scan(values, first, low * blockSize));
+    if (high * blockSize < last)
+        include(scan(values, high * blockSize, last));
+    for (std::size_t level = 0; low < high; ++level) {
+        const std::vector<Entry>& entries = levels[level];
+        const bool top = level + 1 == levels.size();
+        while (low < high && (top || low % fanOut != 0))
+            include(entries[low++]);
+        while (low < high && high % fanOut != 0)
+            include(entries[--high]);
+        low /= fanOut;
+        high /= fanOut;
+    }
+    return result;
+}
+
+std::size_t ExtentIndex::bytes() const {
+    std::size_t total = 0;
+    for (const auto& level : levels)
+        total += level.capacity() * sizeof(Entry);
+    return total;
+}
+
+template void ExtentIndex::build(const double*, std::size_t);
+template void ExtentIndex::build(const float*, std::size_t);
+template void ExtentIndex::update(const double*, std::size_t, std::size_t, std::size_t);
+template void ExtentIndex::update(const float*, std::size_t, std::size_t, std::size_t);
+template Interval ExtentIndex::extent(const double*, std::size_t, std::size_t) const;
+template Interval ExtentIndex::extent(const float*, std::size_t, std::size_t) const;
+
+} // namespace zembra

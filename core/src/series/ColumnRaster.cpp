@@ -1,0 +1,277 @@
+// SPDX-License-Identifier: MIT
+#include "ColumnRaster.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace zembra {
+
+namespace {
+
+constexpr int stripsPerColumn = 8;
+// Columns filled together, so that a row of them is a line of the processor's cache.
+constexpr int tileColumns = 16;
+constexpr float nothing = 1e9f;
+// Thinner strokes are drawn as wide as this, and fainter.
+constexpr double thinnest = 0.5;
+
+std::uint32_t pixelOf(const Color& color, unsigned alpha) {
+    const std::array<std::uint8_t, 4> bytes{color.red(), color.green(), color.blue(),
+                                            static_cast<std::uint8_t>(alpha)};
+    std::uint32_t pixel = 0;
+    std::memcpy(&pixel, bytes.data(), bytes.size());
+    return pixel;
+}
+
+// Replaces each value by the extreme of it and the `window - 1` that follow, from which one more
+// pass makes any window.
+template <class Better>
+void slide(std::vector<float>& values, std::vector<float>& scratch, std::size_t window,
+           Better better) {
+    std::size_t reached = 1;
+    while (reached < window) {
+        const std::size_t stride = std::min(reached, window - reached);
+        scratch.resize(values.size());
+        const std::size_t end = values.size() - std::min(stride, values.size());
+        for (std::size_t i = 0; i < end; ++i)
+            scratch[i] = better(values[i], values[i + stride]);
+        std::copy(values.begin() + static_cast<std::ptrdiff_t>(end), values.end(),
+                  scratch.begin() + static_cast<std::ptrdiff_t>(end));
+        values.swap(scratch);
+        reached += stride;
+    }
+}
+
+float lesser(float a, float b) {
+    return a < b ? a : b;
+}
+
+float greater(float a, float b) {
+    return a > b ? a : b;
+}
+
+} // namespace
+
+void ColumnRaster::begin(const Rect& area, double penWidth) {
+    left = static_cast<int>(std::floor(area.left()));
+    top = static_cast<int>(std::floor(area.top()));
+    columns = std::max(0, static_cast<int>(std::ceil(area.right())) - left);
+    rows = std::max(0, static_cast<int>(std::ceil(area.bottom())) - top);
+    half = 0.5 * std::max(penWidth, thinnest);
+    strength = std::min(penWidth / thinnest, 1.0);
+    strips = columns * stripsPerColumn;
+    pieces = 0;
+    // Steep parts beside the picture still reach into it by half the pen.
+    const std::size_t lines =
+        static_cast<std::size_t>(strips + 2 * std::ceil(half * stripsPerColumn) + 1);
+    for (Layer& layer : layers) {
+        layer.low.assign(static_cast<std::size_t>(strips), nothing);
+        layer.high.assign(static_cast<std::size_t>(strips), -nothing);
+        layer.steepLow.assign(lines, nothing);
+        layer.steepHigh.assign(lines, -nothing);
+    }
+}
+
+void ColumnRaster::add(std::span<const Point> piece) {
+    if (piece.empty())
+        return;
+    Layer& layer = layers[pieces++ % 2];
+    const auto end = [this](const Point& at, const Point& from) {
+        const double dx = at.x - from.x;
+        const double dy = at.y - from.y;
+        const double length = std::sqrt(dx * dx + dy * dy);
+        return length > 0.0 ? Point{at.x + dx / length * half, at.y + dy / length * half} : at;
+    };
+    if (piece.size() == 1) {
+        addSegment(layer, {piece[0].x - half, piece[0].y}, {piece[0].x + half, piece[0].y});
+        return;
+    }
+    for (std::size_t i = 1; i < piece.size(); ++i) {
+        const Point a = i == 1 ? end(piece[0], piece[1]) : piece[i - 1];
+        const Point b = i + 1 == piece.size() ? end(piece[i], piece[i - 1]) : piece[i];
+        addSegment(layer, a, b);
+        if (i + 1 == piece.size())
+            break;
+        // The bevel of the join: an edge on either side, of which one is already covered.
+        const Point& c = piece[i + 1];
+        const double abx = b.x - a.x, aby = b.y - a.y;
+        const double bcx = c.x - b.x, bcy = c.y - b.y;
+        const double limit = 1.0 / stripsPerColumn;
+        if (std::abs(abx) <= limit && std::abs(bcx) <= limit)
+            continue;
+        const double ab = std::sqrt(abx * abx + aby * aby);
+        const double bc = std::sqrt(bcx * bcx + bcy * bcy);
+        if (ab == 0.0 || bc == 0.0)
+            continue;
+        const Point n{-aby / ab * half, abx / ab * half};
+        const Point m{-bcy / bc * half, bcx / bc * half};
+        addEdge(layer, {b.x + n.x, b.y + n.y}, {b.x + m.x, b.y + m.y});
+        addEdge(layer, {b.x - n.x, b.y - n.y}, {b.x - m.x, b.y - m.y});
+    }
+}
+
+void ColumnRaster::addSegment(Layer& layer, const Point& a, const Point& b) {
+    const double dx = b.x - a.x;
+    const double dy = b.y - a.y;
+    if (std::abs(dx) <= 1.0 / stripsPerColumn) {
+        addSteep(layer, 0.5 * (a.x + b.x), a.y, b.y);
+        return;
+    }
+    const double length = std::sqrt(dx * dx + dy * dy);
+    const Point n{-dy / length * half, dx / length * half};
+    const Point a1{a.x + n.x, a.y + n.y}, a2{a.x - n.x, a.y - n.y};
+    const Point b1{b.x + n.x, b.y + n.y}, b2{b.x - n.x, b.y - n.y};
+    addEdge(layer, a1, b1);
+    addEdge(layer, a2, b2);
+    addEdge(layer, a1, a2);
+    addEdge(layer, b1, b2);
+}
+
+void ColumnRaster::addEdge(Layer& layer, Point a, Point b) {
+    if (a.x > b.x)
+        std::swap(a, b);
+    const double u1 = (a.x - left) * stripsPerColumn - 0.5;
+    const double u2 = (b.x - left) * stripsPerColumn - 0.5;
+    const int first = static_cast<int>(std::ceil(std::max(u1, 0.0)));
+    const int last = static_cast<int>(std::floor(std::min(u2, strips - 1.0)));
+    if (first > last)
+        return;
+    const double slope = (b.y - a.y) / (u2 - u1);
+    double y = a.y - top + (first - u1) * slope;
+    for (int i = first; i <= last; ++i, y += slope) {
+        const auto s = static_cast<std::size_t>(i);
+        layer.low[s] = lesser(layer.low[s], static_cast<float>(y));
+        layer.high[s] = greater(layer.high[s], static_cast<float>(y));
+    }
+}
+
+void ColumnRaster::addSteep(Layer& layer, double x, double y1, double y2) {
+    const double line =
+        std::round((x - left) * stripsPerColumn) + std::ceil(half * stripsPerColumn);
+    if (!(line >= 0.0 && line < static_cast<double>(layer.steepLow.size())))
+        return;
+    const auto s = static_cast<std::size_t>(line);
+    layer.steepLow[s] = lesser(layer.steepLow[s], static_cast<float>(std::min(y1, y2) - top));
+    layer.steepHigh[s] = greater(layer.steepHigh[s], static_cast<float>(std::max(y1, y2) - top));
+}
+
+void ColumnRaster::widen(Layer& layer) {
+    const auto reach = static_cast<std::size_t>(std::ceil(half * stripsPerColumn));
+    const std::size_t window = std::max<std::size_t>(
+        1, static_cast<std::size_t>(std::round(2.0 * half * stripsPerColumn)));
+    slide(layer.steepLow, scratchLow, window, lesser);
+    slide(layer.steepHigh, scratchHigh, window, greater);
+    // The strip after line i is met by the lines from i + 1 - window / 2 on; lines begin `reach`
+    // before the picture.
+    const std::size_t shift = reach + 1 - (window + 1) / 2;
+    const auto thickness = static_cast<float>(2.0 * half);
+    for (std::size_t s = 0; s < layer.low.size(); ++s) {
+        float low = layer.steepLow[s + shift];
+        float high = layer.steepHigh[s + shift];
+        if (low > high)
+            continue;
+        // Even where all turns are tiny, a line is as thick as its pen.
+        const float lacking = thickness - (high - low);
+        if (lacking > 0.0f) {
+            low -= 0.5f * lacking;
+            high += 0.5f * lacking;
+        }
+        layer.low[s] = lesser(layer.low[s], low);
+        layer.high[s] = greater(layer.high[s], high);
+    }
+}
+
+Picture ColumnRaster::finish(const Color& color) {
+    for (Layer& layer : layers)
+        widen(layer);
+    // What was drawn, within the picture.
+    float low = nothing;
+    float high = -nothing;
+    int first = strips;
+    int last = -1;
+    for (const Layer& layer : layers) {
+        for (int i = 0; i < strips; ++i) {
+            const auto s = static_cast<std::size_t>(i);
+            if (!(layer.low[s] < layer.high[s]))
+                continue;
+            low = lesser(low, layer.low[s]);
+            high = greater(high, layer.high[s]);
+            first = std::min(first, i);
+            last = std::max(last, i);
+        }
+    }
+    Picture picture;
+    const int firstRow = static_cast<int>(std::floor(std::clamp(low, 0.0f, float(rows))));
+    const int lastRow = static_cast<int>(std::ceil(std::clamp(high, 0.0f, float(rows))));
+    if (first > last || firstRow >= lastRow)
+        return picture;
+    const int firstColumn = first / stripsPerColumn;
+    picture.width = last / stripsPerColumn + 1 - firstColumn;
+    picture.height = lastRow - firstRow;
+    picture.x = left + firstColumn;
+    picture.y = top + firstRow;
+    picture.buffer = takePictureBuffer(static_cast<std::size_t>(picture.width) *
+                                       static_cast<std::size_t>(picture.height) * 4);
+    for (int tile = 0; tile < picture.width; tile += tileColumns)
+        fillTile(tile, firstRow, picture.height, color, picture.buffer.pixels, firstColumn,
+                 std::min(tileColumns, picture.width - tile), picture.width);
+    return picture;
+}
+
+void ColumnRaster::fillTile(int tile, int firstRow, int height, const Color& color,
+                            std::uint8_t* pixels, int firstColumn, int count, int stride) {
+    // Each interval leaves its ends in the first derivative of the cover along y; summing them up
+    // from top to bottom gives the cover.
+    tileCover.assign(static_cast<std::size_t>(height + 2) * tileColumns, 0.0f);
+    const auto limit = static_cast<float>(height);
+    const auto mark = [&](int column, float y, float sign) {
+        const int row = static_cast<int>(y);
+        const float share = y - static_cast<float>(row);
+        float* cell = tileCover.data() + static_cast<std::size_t>(row) * tileColumns + column;
+        cell[0] += sign * (1.0f - share);
+        cell[tileColumns] += sign * share;
+    };
+    const auto cover = [&](int column, float low, float high) {
+        low = std::clamp(low - static_cast<float>(firstRow), 0.0f, limit);
+        high = std::clamp(high - static_cast<float>(firstRow), 0.0f, limit);
+        if (low < high) {
+            mark(column, low, 1.0f);
+            mark(column, high, -1.0f);
+        }
+    };
+    for (int column = 0; column < count; ++column) {
+        const auto begin =
+            static_cast<std::size_t>((firstColumn + tile + column) * stripsPerColumn);
+        for (std::size_t s = begin; s < begin + stripsPerColumn; ++s) {
+            const Strip a{layers[0].low[s], layers[0].high[s]};
+            const Strip b{layers[1].low[s], layers[1].high[s]};
+            if (a.low <= b.high && b.low <= a.high) {
+                cover(column, lesser(a.low, b.low), greater(a.high, b.high));
+            } else {
+                cover(column, a.low, a.high);
+                cover(column, b.low, b.high);
+            }
+        }
+    }
+    std::array<float, tileColumns> sum{};
+    std::array<std::uint32_t, tileColumns> line{};
+    const auto scale = static_cast<float>(color.alpha() * strength / stripsPerColumn);
+    const std::uint32_t rgb = pixelOf(color, 0);
+    const std::uint32_t alphaUnit = pixelOf(Color(0, 0, 0, 0), 1);
+    for (int row = 0; row < height; ++row) {
+        const float* cells = tileCover.data() + static_cast<std::size_t>(row) * tileColumns;
+        for (std::size_t i = 0; i < tileColumns; ++i) {
+            sum[i] += cells[i];
+            const auto alpha = static_cast<std::uint32_t>(
+                static_cast<std::int32_t>(std::max(sum[i], 0.0f) * scale + 0.5f));
+            line[i] = rgb + alpha * alphaUnit;
+        }
+        std::memcpy(pixels + (static_cast<std::size_t>(row) * static_cast<std::size_t>(stride) +
+                              static_cast<std::size_t>(tile)) *
+                                 4,
+                    line.data(), static_cast<std::size_t>(count) * 4);
+    }
+}
+
+} // namespace zembra

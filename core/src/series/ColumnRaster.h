@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PictureStore.h"
+
+#include <zembra/paint/Color.h>
+#include <zembra/paint/Geometry.h>
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace zembra {
+
+/// A finished picture, ready for `Painter::drawImage`.
+struct Picture {
+    PictureBuffer buffer;
+    int width = 0;
+    int height = 0;
+    /// Where its top-left corner belongs, in whole pixels.
+    int x = 0;
+    int y = 0;
+};
+
+/// Draws strokes of paths that run from left to right, or from right to left, into a picture: each
+/// pixel is blended once by the share that the whole stroke covers of it, however often the path
+/// comes by.
+///
+/// It cuts every pixel column into vertical strips and keeps what the stroke covers of each: since
+/// a path that does not turn back in x is met by a vertical line in one interval, two numbers do.
+/// Joins are bevelled and ends are square, as painters draw them.
+class ColumnRaster {
+public:
+    /// Begins a picture of the whole pixels that meet `area`.
+    void begin(const Rect& area, double penWidth);
+    /// Adds one piece of the path. Pieces that do not overlap their neighbours in x stay apart.
+    void add(std::span<const Point> piece);
+    /// The picture, cropped to what was drawn; without a buffer where that is nothing.
+    Picture finish(const Color& color);
+
+private:
+    struct Strip {
+        float low;
+        float high;
+    };
+    // Two layers, used in turn by the pieces, so that two pieces nearer than the pen stay apart.
+    struct Layer {
+        std::vector<float> low, high;
+        // What steep parts cover on the lines between strips, to be widened by the pen.
+        std::vector<float> steepLow, steepHigh;
+    };
+
+    void addSegment(Layer& layer, const Point& a, const Point& b);
+    void addEdge(Layer& layer, Point a, Point b);
+    void addSteep(Layer& layer, double x, double y1, double y2);
+    void widen(Layer& layer);
+    void fillTile(int tile, int top, int rows, const Color& color, std::uint8_t* pixels,
+                  int firstColumn, int columns, int stride);
+
+    int left = 0;
+    int top = 0;
+    int columns = 0;
+    int rows = 0;
+    double half = 0.5;
+    double strength = 1.0;
+    int strips = 0;
+    std::array<Layer, 2> layers;
+    std::size_t pieces = 0;
+    std::vector<float> scratchLow, scratchHigh;
+    std::vector<float> tileCover;
+};
+
+} // namespace zembra

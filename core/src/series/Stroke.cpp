@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "Stroke.h"
+
+#include "Clip.h"
+#include "ColumnRaster.h"
+#include "Simplify.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace zembra {
+
+namespace {
+
+// Raster engines lose precision or break beyond this many pixels.
+constexpr double farthest = 16000.0;
+// No eye sees a line move by this much.
+constexpr double tolerance = 0.05;
+// Strokers take time that grows with the square of the points when a pen is wider than a pixel.
+constexpr std::size_t chunkSize = 16;
+
+bool isFinite(const Point& p) {
+    return std::isfinite(p.x) && std::isfinite(p.y);
+}
+
+// A clipped and simplified path.
+class Stroke {
+public:
+    void clip(std::span<const Point> path, const Rect& limits);
+    void simplifyPieces();
+    bool runsOneWay() const;
+    double length() const;
+    std::size_t size() const { return points.size(); }
+    std::size_t pieceCount() const { return ends.size(); }
+    std::span<const Point> piece(std::size_t i) const {
+        const std::size_t begin = i == 0 ? 0 : ends[i - 1];
+        return std::span(points).subspan(begin, ends[i] - begin);
+    }
+
+private:
+    void endPiece() {
+        if (points.size() > (ends.empty() ? 0 : ends.back()))
+            ends.push_back(points.size());
+    }
+
+    std::vector<Point> points;
+    std::vector<std::size_t> ends;
+    std::vector<Point> simple;
+};
+
+void Stroke::clip(std::span<const Point> path, const Rect& limits) {
+    points.clear();
+    ends.clear();
+    bool connected = false;
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        const Point& to = path[i];
+        if (!isFinite(to)) {
+            endPiece();
+            connected = false;
+            continue;
+        }
+        if (!connected) {
+            connected = true;
+            endPiece();
+            if (limits.contains(to))
+                points.push_back(to);
+            continue;
+        }
+        const Point& from = path[i - 1];
+        const bool joined = limits.contains(from);
+        if (joined && limits.contains(to)) {
+            points.push_back(to);
+            continue;
+        }
+        const auto part = clipSegment(from, to, limits);
+        if (!part)
+            continue;
+        if (!joined) {
+            endPiece();
+            points.push_back(part->first);
+        }
+        points.push_back(part->second);
+        if (part->second != to)
+            endPiece();
+    }
+    endPiece();
+}
+
+void Stroke::simplifyPieces() {
+    simple.clear();
+    std::size_t begin = 0;
+    for (std::size_t& end : ends) {
+        simplify(std::span(points).subspan(begin, end - begin), tolerance, simple);
+        begin = end;
+        end = simple.size();
+    }
+    points.swap(simple);
+}
+
+bool Stroke::runsOneWay() const {
+    bool right = true;
+    bool leftwards = true;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        right = right && points[i].x >= points[i - 1].x;
+        leftwards = leftwards && points[i].x <= points[i - 1].x;
+    }
+    return right || leftwards;
+}
+
+double Stroke::length() const {
+    double total = 0.0;
+    for (std::size_t i = 0; i < pieceCount(); ++i) {
+        const auto p = piece(i);
+        for (std::size_t k = 1; k < p.size(); ++k)
+            total += std::abs(p[k].x - p[k - 1].x) + std::abs(p[k].y - p[k - 1].y);
+    }
+    return total;
+}
+
+bool isDashed(const Pen& pen) {
+    return (pen.style() >= PenStyle::Dash && pen.style() <= PenStyle::DashDotDot) ||
+           !pen.dashPattern().empty();
+}
+
+// Whether a picture is cheaper than polylines, by the measure of what strokers and fillers cost.
+bool isDense(const Stroke& stroke, const Rect& area) {
+    const auto size = static_cast<double>(stroke.size());
+    return size > 0.5 * area.width && size + stroke.length() / 40.0 > 1.5 * area.width;
+}
+
+void drawPicture(Painter& painter, const Picture& picture, FrameBuffers& buffers) {
+    if (!picture.buffer.memory)
+        return;
+    buffers.push_back(picture.buffer.memory);
+    painter.drawImage(picture.buffer.pixels, picture.width, picture.height,
+                      picture.x + 0.5 * picture.width, picture.y + 0.5 * picture.height);
+}
+
+void drawDot(Painter& painter, const Point& centre, double width, const Color& color,
+             const Rect& area) {
+    const Rect dot =
+        intersected({centre.x - 0.5 * width, centre.y - 0.5 * width, width, width}, area);
+    if (!dot.isEmpty())
+        painter.fillRect(dot, color);
+}
+
+void drawPiece(Painter& painter, std::span<const Point> piece, bool inChunks) {
+    if (!inChunks) {
+        painter.drawPolyline({piece.begin(), piece.end()});
+        return;
+    }
+    // Each chunk begins with the last segment of the one before, so that the join is drawn.
+    for (std::size_t begin = 0; begin + 1 < piece.size();) {
+        const std::size_t end = std::min(begin + chunkSize, piece.size());
+        painter.drawPolyline({piece.begin() + static_cast<std::ptrdiff_t>(begin),
+                              piece.begin() + static_cast<std::ptrdiff_t>(end)});
+        if (end == piece.size())
+            break;
+        begin = end - 2;
+    }
+}
+
+} // namespace
+
+void strokePath(Painter& painter, const Rect& area, std::span<const Point> path, const Pen& pen,
+                FrameBuffers& buffers) {
+    const bool hidden = pen.style() == PenStyle::None && pen.dashPattern().empty();
+    if (hidden || area.isEmpty())
+        return;
+    // A pen of no width is drawn as the thinnest line there is.
+    const double width = pen.widthF() > 0.0 ? pen.widthF() : 1.0;
+    const Rect limits = intersected(area.grown(width + 1.0),
+                                    {-farthest, -farthest, 2.0 * farthest, 2.0 * farthest});
+    thread_local Stroke stroke;
+    stroke.clip(path, limits);
+    stroke.simplifyPieces();
+    if (isDense(stroke, area) && stroke.runsOneWay()) {
+        thread_local ColumnRaster raster;
+        raster.begin(area, width);
+        for (std::size_t i = 0; i < stroke.pieceCount(); ++i)
+            raster.add(stroke.piece(i));
+        drawPicture(painter, raster.finish(pen.color()), buffers);
+        return;
+    }
+    painter.setPen(pen);
+    // Overlapping chunks would show in translucent colours, and interrupt dashes.
+    const bool inChunks = width > 1.0 && pen.color().alpha() == 255 && !isDashed(pen);
+    for (std::size_t i = 0; i < stroke.pieceCount(); ++i) {
+        const auto piece = stroke.piece(i);
+        if (piece.size() == 1)
+            drawDot(painter, piece.front(), width, pen.color(), area);
+        else
+            drawPiece(painter, piece, inChunks);
+    }
+}
+
+} // namespace zembra
