@@ -2,6 +2,7 @@
 #pragma once
 
 #include <zembra/chart/Plot.h>
+#include <zembra/chart/PlotGrid.h>
 #include <zembra/paint/RenderSurface.h>
 #include <zembra/series/Canvas.h>
 #include <zembra/series/LineSeries.h>

@@ -75,7 +75,7 @@ void Plot::renderInto(Painter& painter, int width, int height) {
         return;
     }
     d->measure.setPainter(painter);
-    const PlotLayout layout = d->layOut(width, height);
+    const PlotLayout layout = d->layOut(width, height, d->leastMargins);
     d->canvas = layout.canvas;
     d->draw(painter, layout);
 }

@@ -15,14 +15,6 @@ constexpr double labelGap = 4.0;
 constexpr double titleGap = 4.0;
 constexpr double smallestCanvas = 28.0;
 
-/// Room around the canvas.
-struct Margins {
-    double left = pad;
-    double top = pad;
-    double right = pad;
-    double bottom = pad;
-};
-
 /// What is left out, step by step, where room is short.
 enum class Detail { Full, TitleOnly, NoTitles, NoLabels };
 
@@ -57,7 +49,7 @@ double horizontalAxisRoom(const Scale& scale, bool hasTitle, const Theme& theme)
 
 } // namespace
 
-PlotLayout Plot::Private::layOut(double width, double height) {
+PlotLayout Plot::Private::layOut(double width, double height, const Margins& least) {
     if (memory.width != width || memory.height != height)
         memory = {width, height, {}, std::nullopt};
 
@@ -74,7 +66,7 @@ PlotLayout Plot::Private::layOut(double width, double height) {
         };
         const auto enabled = [&](int id) { return layout.hasTickLabels && axis(id).enabled; };
 
-        Margins margins;
+        Margins margins{pad, pad, pad, pad};
         if (!layout.hasTickLabels)
             margins = {std::min(2.0, 0.25 * width), std::min(2.0, 0.25 * height),
                        std::min(2.0, 0.25 * width), std::min(2.0, 0.25 * height)};
@@ -125,6 +117,8 @@ PlotLayout Plot::Private::layOut(double width, double height) {
                 margins.right += layout.legend.width + titleGap;
         }
 
+        margins = {std::max(margins.left, least.left), std::max(margins.top, least.top),
+                   std::max(margins.right, least.right), std::max(margins.bottom, least.bottom)};
         // Whole pixels keep the canvas' edges crisp.
         const double left = std::min(std::ceil(margins.left), width);
         const double top = std::min(std::ceil(margins.top), height);

@@ -68,7 +68,8 @@ struct Plot::Private {
     ScaleMap mapOver(int id, const Rect& area) const;
     std::vector<LegendName> legendNames() const;
 
-    PlotLayout layOut(double width, double height);
+    /// `least` are margins that the canvas keeps at the least.
+    PlotLayout layOut(double width, double height, const Margins& least);
     void draw(Painter& painter, const PlotLayout& layout);
 
     // One more than there are: the spare one for numbers that name no axis.
@@ -81,6 +82,7 @@ struct Plot::Private {
     Rect canvas;
     /// Pixels of a unit on axis 0 for each pixel of a unit on axis 2; 0 where it is free.
     double aspect = 0.0;
+    Margins leastMargins;
     TextMeasure measure;
     LayoutMemory memory;
 };

@@ -16,6 +16,14 @@
 
 namespace zembra {
 
+/// Room between the canvas and the edges of the picture. Units: logical pixels.
+struct Margins {
+    double left = 0.0;
+    double top = 0.0;
+    double right = 0.0;
+    double bottom = 0.0;
+};
+
 /// A chart: four axes around a canvas, series inside, title and legend.
 ///
 /// Axes are numbered 0 left (the primary vertical), 1 right, 2 bottom (the primary horizontal) and
@@ -83,6 +91,7 @@ public:
     const std::vector<std::shared_ptr<Series>>& series() const;
 
 private:
+    friend class PlotGrid;
     struct Private;
     std::unique_ptr<Private> d;
 };
