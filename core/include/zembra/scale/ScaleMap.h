@@ -10,7 +10,8 @@ namespace zembra {
 ///
 /// Units: `p1`, `p2` logical pixels; `s1`, `s2` data units.
 /// Range: `s1 == s2` maps every value to `p1`, and `p1 == p2` every pixel to `s1`; non-finite input
-/// gives NaN. Pixels beyond the two ends are extrapolated.
+/// gives NaN. The two ends map to each other exactly. Pixels beyond them are extrapolated, as far
+/// as the scale's domain goes. An axis runs the other way where `s1 > s2` or `p1 > p2`.
 class ZEMBRA_EXPORT ScaleMap {
 public:
     ScaleMap() = default;
