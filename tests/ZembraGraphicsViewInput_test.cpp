@@ -488,7 +488,10 @@ private Q_SLOTS:
         }
         const bool zooms = reason == QLatin1String("zooms");
         const QTransform before = active.view.viewportTransform();
-        input::wheel(active.view, QPointF(100, 100), delta, modifiers);
+        QCOMPARE(input::wheel(active.view, QPointF(100, 100), delta, modifiers), zooms);
+        QCOMPARE(active.window.wheels, 0);
+        active.log.take();
+        input::wheelThroughParents(active.view, QPointF(100, 100), delta, modifiers);
         QCOMPARE(active.window.wheels, zooms ? 0 : 1);
         QCOMPARE(active.log.take(), zooms ? ::zoomed : QStringList());
         QCOMPARE(active.view.viewportTransform(), before);

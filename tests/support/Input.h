@@ -13,7 +13,7 @@
 /// event; the receiver may be gone by then.
 namespace input {
 
-// As if from the window system: such wheels go on to parents, and such keys are not looked up as
+// As if from the window system: such events go on to parents, and such keys are not looked up as
 // shortcuts once more.
 inline void deliver(QObject& receiver, QEvent& event) {
     QSpontaneKeyEvent::setSpontaneous(&event);
@@ -53,13 +53,27 @@ inline bool doubleClick(QAbstractScrollArea& area, const QPointF& position,
     return mouse(area, QEvent::MouseButtonDblClick, position, Qt::NoModifier, button);
 }
 
-/// One turn of the wheel. Units: eighths of a degree; a notch is 120.
+inline QWheelEvent wheelEvent(QAbstractScrollArea& area, const QPointF& position,
+                              const QPoint& angleDelta, Qt::KeyboardModifiers modifiers) {
+    return QWheelEvent(position, area.viewport()->mapToGlobal(position), QPoint(), angleDelta,
+                       Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+}
+
+/// One turn of the wheel, for the area alone: not sent by the window system, it does not go on to a
+/// parent. Units: eighths of a degree; a notch is 120.
 inline bool wheel(QAbstractScrollArea& area, const QPointF& position, const QPoint& angleDelta,
                   Qt::KeyboardModifiers modifiers = Qt::AltModifier) {
-    QWheelEvent event(position, area.viewport()->mapToGlobal(position), QPoint(), angleDelta,
-                      Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
-    deliver(*area.viewport(), event);
+    QWheelEvent event = wheelEvent(area, position, angleDelta, modifiers);
+    QCoreApplication::sendEvent(area.viewport(), &event);
     return event.isAccepted();
+}
+
+/// One turn of the wheel that goes on to the parents while nobody accepts it.
+inline void wheelThroughParents(QAbstractScrollArea& area, const QPointF& position,
+                                const QPoint& angleDelta,
+                                Qt::KeyboardModifiers modifiers = Qt::AltModifier) {
+    QWheelEvent event = wheelEvent(area, position, angleDelta, modifiers);
+    deliver(*area.viewport(), event);
 }
 
 /// One key event of that type, sent to one object without looking for shortcuts.
