@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: MIT
+#include "TableReader.h"
+
+#include "CsvReader.h"
+#include "Dialect.h"
+#include "Failure.h"
+#include "Numbers.h"
+
+#include <QFile>
+#include <QString>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <string_view>
+#include <unordered_map>
+
+namespace viewer {
+
+namespace {
+
+constexpr qint64 chunkSize = 256 * 1024;
+constexpr std::size_t sampleRecords = 1000;
+constexpr std::size_t mostWords = 10000;
+
+[[noreturn]] void fail(const std::string& file, std::size_t line, const std::string& what) {
+    throw Failure(file + ":" + std::to_string(line) + ": " + what);
+}
+
+// Text that is not UTF-8 is taken as Latin-1, which any bytes are.
+std::string toUtf8(std::string_view text) {
+    const auto size = static_cast<qsizetype>(text.size());
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString decoded = decoder.decode(QByteArrayView(text.data(), size));
+    if (!decoder.hasError())
+        return std::string(text);
+    return QString::fromLatin1(text.data(), size).toStdString();
+}
+
+// Gives every different word of a column a number.
+class WordIndex {
+public:
+    void add(std::string_view word, Column& column) {
+        if (column.tooManyWords)
+            return;
+        // Neighbouring cells are often equal.
+        if (last && column.words[*last] == word) {
+            column.codes.push_back(*last);
+            return;
+        }
+        const auto [place, isNew] =
+            places.try_emplace(std::string(word), static_cast<std::uint32_t>(column.words.size()));
+        if (isNew && column.words.size() == mostWords) {
+            column.tooManyWords = true;
+            column.words = {};
+            column.codes = {};
+            places = {};
+            return;
+        }
+        if (isNew)
+            column.words.emplace_back(word);
+        last = place->second;
+        column.codes.push_back(place->second);
+    }
+
+private:
+    std::unordered_map<std::string, std::uint32_t> places;
+    std::optional<std::uint32_t> last;
+};
+
+// Turns records into cells of columns.
+class TableBuilder {
+public:
+    TableBuilder(const std::string& file, const ColumnTypes& types, char decimalMark)
+        : decimalMark(decimalMark),
+          wordIndexes(types.types.size()),
+          headerPending(types.hasHeader) {
+        table.file = file;
+        table.hasHeader = types.hasHeader;
+        for (std::size_t c = 0; c < types.types.size(); ++c) {
+            Column column;
+            column.name = toUtf8(types.names[c]);
+            column.type = types.types[c];
+            table.columns.push_back(std::move(column));
+        }
+    }
+
+    void keepWords(const std::string& name) {
+        const std::optional<std::size_t> column = table.findColumn(name);
+        if (column && table.columns[*column].type.kind == ColumnKind::Time)
+            table.columns[*column].type = {ColumnKind::Word};
+    }
+
+    void reserve(std::size_t rows) {
+        for (Column& column : table.columns) {
+            if (column.type.kind == ColumnKind::Word)
+                column.codes.reserve(rows);
+            else
+                column.values.reserve(rows);
+        }
+    }
+
+    void add(const Record& record) {
+        if (headerPending) {
+            headerPending = false;
+            return;
+        }
+        checkWidth(record);
+        for (std::size_t c = 0; c < table.columns.size(); ++c) {
+            const bool present = c < record.fields.size();
+            addCell(c, present ? record.fields[c] : std::string_view(), record.line);
+        }
+        ++table.rows;
+    }
+
+    std::size_t rows() const { return table.rows; }
+
+    Table finish() {
+        for (Column& column : table.columns) {
+            // What the beginning took for numbers turned out to be words.
+            if (column.badCells * 2 > column.filledCells) {
+                column.type = {ColumnKind::Word};
+                column.values = {};
+                column.tooManyWords = true;
+            }
+            for (std::string& word : column.words)
+                word = toUtf8(word);
+        }
+        return std::move(table);
+    }
+
+private:
+    // Separators at the end of a record are often superfluous, values there are not.
+    void checkWidth(const Record& record) {
+        for (std::size_t c = table.columns.size(); c < record.fields.size(); ++c) {
+            if (!record.fields[c].empty())
+                fail(table.file, record.line,
+                     "column " + std::to_string(c + 1) + " (\"" + toUtf8(record.fields[c]) +
+                         "\") is one too many, " +
+                         (table.hasHeader ? "the header names " : "the lines before have ") +
+                         std::to_string(table.columns.size()));
+        }
+    }
+
+    void addCell(std::size_t index, std::string_view cell, std::size_t line) {
+        Column& column = table.columns[index];
+        if (column.type.kind == ColumnKind::Word) {
+            wordIndexes[index].add(cell, column);
+            return;
+        }
+        const double value = parseCell(cell, column.type, decimalMark);
+        column.values.push_back(value);
+        if (std::isfinite(value)) {
+            ++column.filledCells;
+        } else if (!isMissing(cell)) {
+            ++column.filledCells;
+            ++column.badCells;
+            if (!column.firstBadCell)
+                column.firstBadCell = BadCell{line, toUtf8(cell.substr(0, 40))};
+        }
+    }
+
+    Table table;
+    char decimalMark;
+    std::vector<WordIndex> wordIndexes;
+    bool headerPending;
+};
+
+class InputFile {
+public:
+    explicit InputFile(const std::string& path) : path(path), file(QString::fromStdString(path)) {
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+            throw Failure(path + ": cannot be read: " + file.errorString().toStdString());
+        if (!file.isSequential())
+            total = file.size();
+    }
+
+    // The next bytes; none at the end.
+    std::string_view read() {
+        const qint64 count = file.read(buffer.data(), chunkSize);
+        if (count < 0)
+            throw Failure(path + ": cannot be read: " + file.errorString().toStdString());
+        done += count;
+        return {buffer.data(), static_cast<std::size_t>(count)};
+    }
+
+    std::int64_t bytes() const { return done; }
+    std::int64_t size() const { return total; }
+
+private:
+    std::string path;
+    QFile file;
+    std::string buffer = std::string(chunkSize, '\0');
+    std::int64_t done = 0;
+    std::int64_t total = 0;
+};
+
+// Pipes give bytes in small pieces; the first chunk should be worth a guess.
+std::string readHead(InputFile& input, bool& isWhole) {
+    std::string head;
+    isWhole = false;
+    while (head.size() < static_cast<std::size_t>(chunkSize)) {
+        const std::string_view piece = input.read();
+        if (piece.empty()) {
+            isWhole = true;
+            break;
+        }
+        head.append(piece);
+    }
+    return head;
+}
+
+void checkEncoding(const std::string& path, std::string& head) {
+    using namespace std::string_view_literals;
+    if (head.starts_with("\xEF\xBB\xBF"sv))
+        head.erase(0, 3);
+    if (head.starts_with("\xFF\xFE"sv) || head.starts_with("\xFE\xFF"sv))
+        fail(path, 1, "the text is UTF-16; save it as UTF-8");
+    const std::size_t zero = head.find('\0');
+    if (zero != std::string::npos) {
+        const auto end = head.begin() + static_cast<std::ptrdiff_t>(zero);
+        fail(path, 1 + static_cast<std::size_t>(std::count(head.begin(), end, '\n')),
+             "this is not a text file");
+    }
+}
+
+std::vector<std::vector<std::string>> firstRecords(std::string_view head, bool isWhole,
+                                                   char separator) {
+    std::vector<std::vector<std::string>> records;
+    CsvReader reader(separator, [&records](const Record& record) {
+        if (records.size() < sampleRecords)
+            records.emplace_back(record.fields.begin(), record.fields.end());
+    });
+    reader.feed(head);
+    // The end of the chunk may have cut a record in two.
+    if (isWhole)
+        reader.finish();
+    return records;
+}
+
+} // namespace
+
+Table readTable(const std::string& path, const std::optional<std::string>& wordColumn,
+                const ReadProgress& progress) {
+    InputFile input(path);
+    bool isWhole = false;
+    std::string head = readHead(input, isWhole);
+    checkEncoding(path, head);
+
+    const Dialect dialect = guessDialect(head, isWhole);
+    const auto records = firstRecords(head, isWhole, dialect.separator);
+    const ColumnTypes types = guessColumnTypes(records, dialect.decimalMark);
+
+    TableBuilder builder(path, types, dialect.decimalMark);
+    if (wordColumn)
+        builder.keepWords(*wordColumn);
+    CsvReader reader(dialect.separator, [&builder](const Record& record) { builder.add(record); });
+    reader.feed(head);
+    if (!isWhole) {
+        const double share = static_cast<double>(builder.rows()) / static_cast<double>(head.size());
+        // A little more than expected, so that the last rows do not double the memory.
+        builder.reserve(static_cast<std::size_t>(share * static_cast<double>(input.size()) * 1.02));
+    }
+    head = {};
+    while (!isWhole) {
+        const std::string_view piece = input.read();
+        isWhole = piece.empty();
+        reader.feed(piece);
+        progress(input.bytes(), input.size(), builder.rows());
+    }
+    const std::size_t lastLine = reader.line();
+    const std::size_t lastColumn = reader.completeFields() + 1;
+    if (!reader.finish())
+        fail(path, lastLine,
+             "column " + std::to_string(lastColumn) + ": the quote is never closed");
+    if (builder.rows() == 0)
+        fail(path, lastLine, types.hasHeader ? "no rows follow the header" : "the file is empty");
+    return builder.finish();
+}
+
+} // namespace viewer

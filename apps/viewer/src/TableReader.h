@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Table.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace viewer {
+
+/// Called now and then while a file is read. Units: bytes and records so far; `size` is the size
+/// of the file, 0 where it has none, as pipes.
+using ReadProgress = std::function<void(std::int64_t bytes, std::int64_t size, std::size_t rows)>;
+
+/// Reads a CSV or TSV file in chunks; separator, decimal mark, header and column types are found
+/// in the first one.
+///
+/// `wordColumn` names a column that is kept as words even where it holds dates.
+/// Errors: throws Failure naming file and line for files that cannot be read, hold no rows, are no
+/// text, or have a record with too many fields or a quote that is never closed.
+Table readTable(const std::string& path, const std::optional<std::string>& wordColumn,
+                const ReadProgress& progress);
+
+} // namespace viewer

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "ChartBuilder.h"
+#include "ChartPlan.h"
+#include "Exporter.h"
+#include "Failure.h"
+#include "MainWindow.h"
+#include "Options.h"
+#include "Progress.h"
+#include "Samples.h"
+#include "TableReader.h"
+
+#include <QApplication>
+#include <QByteArray>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <exception>
+#include <new>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace viewer;
+
+struct Chart {
+    std::string name;
+    std::shared_ptr<zembra::Plot> plot;
+};
+
+void say(const std::string& text) {
+    std::fprintf(stderr, "zembra-view: %s\n", text.c_str());
+}
+
+bool hasDisplay() {
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if (!platform.isEmpty())
+        return !platform.startsWith("offscreen") && !platform.startsWith("minimal");
+#ifdef Q_OS_UNIX
+#ifndef Q_OS_MACOS
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+#endif
+#endif
+    return true;
+}
+
+std::vector<Chart> readCharts(const Options& options) {
+    std::vector<Chart> charts;
+    if (options.file.empty()) {
+        for (Sample& sample : sampleCharts())
+            charts.push_back({sample.name, std::move(sample.plot)});
+        return charts;
+    }
+    Table table;
+    {
+        Progress progress(options.file);
+        table = readTable(options.file, options.by,
+                          [&progress](std::int64_t bytes, std::int64_t size, std::size_t rows) {
+                              progress.update(bytes, size, rows);
+                          });
+    }
+    const ChartPlan plan = planChart(table, options);
+    for (const std::string& note : plan.notes)
+        say(note);
+    charts.push_back(
+        {QFileInfo(QString::fromStdString(options.file)).completeBaseName().toStdString(),
+         buildChart(table, plan, options)});
+    return charts;
+}
+
+// Without a display the charts go where they can be looked at later.
+void writeToFolder(const std::vector<Chart>& charts, const Options& options) {
+    const QString folder = QStringLiteral("out");
+    if (!QDir().mkpath(folder))
+        throw Failure("out: the folder cannot be made", Failure::Kind::CannotWrite);
+    for (const Chart& chart : charts) {
+        const std::string path = "out/" + chart.name + ".png";
+        exportPlot(*chart.plot, path, options.width, options.height);
+        say("no display; wrote " +
+            QFileInfo(QString::fromStdString(path)).absoluteFilePath().toStdString());
+    }
+}
+
+// Where nobody is logged in, Qt misses folders of the desktop that pictures do not need.
+void leaveOutDesktopWarnings(QtMsgType type, const QMessageLogContext& context,
+                             const QString& text) {
+    if (!text.startsWith(QStringLiteral("QStandardPaths:")))
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
+int writePictures(int& argc, char** argv, const Options& options) {
+    // Pictures need fonts, but neither a display nor widgets.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(leaveOutDesktopWarnings);
+    const std::vector<Chart> charts = readCharts(options);
+    const QGuiApplication application(argc, argv);
+    if (options.exports.empty())
+        writeToFolder(charts, options);
+    for (const std::string& path : options.exports)
+        exportPlot(*charts.front().plot, path, options.width, options.height);
+    return 0;
+}
+
+int showWindow(int& argc, char** argv, const Options& options) {
+    const std::vector<Chart> charts = readCharts(options);
+    const QApplication application(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("zembra"));
+    QCoreApplication::setApplicationName(QStringLiteral("zembra-view"));
+    MainWindow window;
+    for (const Chart& chart : charts)
+        window.addChart(QString::fromStdString(chart.name), chart.plot);
+    window.setWindowTitle(charts.size() == 1 ? QString::fromStdString(charts.front().name) +
+                                                   QStringLiteral(" – zembra-view")
+                                             : QStringLiteral("zembra-view"));
+    window.resize(options.width, options.height);
+    window.show();
+    window.offerHint();
+    return QApplication::exec();
+}
+
+int run(int& argc, char** argv) {
+    const Options options = parseOptions(std::vector<std::string>(argv + 1, argv + argc));
+    if (options.help) {
+        std::fputs(usage().c_str(), stdout);
+        return 0;
+    }
+    if (options.version) {
+        std::puts("zembra-view " ZEMBRA_VIEW_VERSION);
+        return 0;
+    }
+    // All arguments are ours; Qt is not to take any of them for its own.
+    argc = 1;
+    if (!options.exports.empty() || !hasDisplay())
+        return writePictures(argc, argv, options);
+    return showWindow(argc, argv, options);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const Failure& failure) {
+        say(failure.what());
+        return failure.exitCode();
+    } catch (const std::bad_alloc&) {
+        say("there is not enough memory");
+        return 1;
+    } catch (const std::exception& error) {
+        say(error.what());
+        return 1;
+    }
+}
