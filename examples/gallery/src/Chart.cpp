@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#include "Chart.h"
+
+namespace gallery {
+
+std::vector<Chapter> chapters() {
+    return {lineCharts(), scaleCharts(), themeCharts()};
+}
+
+} // namespace gallery
