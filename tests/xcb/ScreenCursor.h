@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+
+// After all of Qt's: these headers define words such as KeyPress and None.
+#include <X11/extensions/Xfixes.h>
+#undef Bool
+#undef CursorShape
+#undef Expose
+#undef FocusIn
+#undef FocusOut
+#undef KeyPress
+#undef KeyRelease
+#undef None
+#undef Status
+#undef Unsorted
+
+/// The cursor that the X server shows at this moment: its size, hot spot and pixels. Empty without
+/// a server.
+inline QByteArray screenCursor() {
+    Display* display = XOpenDisplay(nullptr);
+    if (!display)
+        return {};
+    QByteArray result;
+    if (XFixesCursorImage* image = XFixesGetCursorImage(display)) {
+        for (const unsigned short number : {image->width, image->height, image->xhot, image->yhot})
+            result += QByteArray::number(number) + ' ';
+        for (int i = 0; i < image->width * image->height; ++i)
+            result += QByteArray::number(static_cast<qulonglong>(image->pixels[i]), 16) + ' ';
+        XFree(image);
+    }
+    XCloseDisplay(display);
+    return result;
+}
