@@ -99,7 +99,7 @@ QString customFamily(const Font& font) {
     const auto entry = known.find(name);
     if (entry != known.end())
         return entry->second;
-    const QString requested = QString::fromStdString(name);
+    QString requested = QString::fromStdString(name);
     if (font.ttfData().empty())
         return requested;
     // A failure is remembered too, as the name itself: an installed font may bear it.
