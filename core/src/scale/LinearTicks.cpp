@@ -146,6 +146,11 @@ TickSet linearTicks(double min, double max, const TickRequest& request) {
     if (ladder.digits.empty()) {
         Decimal step = niceStep(min, max, maxMajor);
         ladder = climb(gridOver(min, max, step), min, max);
+        // Near the spacing of doubles, rounding may bring in a tick from right outside.
+        while (static_cast<int>(ladder.digits.size()) > maxMajor) {
+            step = nextStepAbove(step);
+            ladder = climb(gridOver(min, max, step), min, max);
+        }
         // So few ticks were wanted that the range may lie between two of them.
         for (int i = 0; i < 12 && ladder.digits.empty(); ++i) {
             step = nextStepBelow(step);

@@ -18,8 +18,23 @@ constexpr double e = 2.718281828459045235;
 constexpr double fewestDecades = 0.7;
 // Of 1, 2, 5 and 10, the two closest to each other are this many decades apart.
 constexpr double gapOfTwo = 0.30103;
+// The power of ten from which bases are too long to be repeated in every label.
+constexpr int longestBase = 5;
 constexpr std::array<int, 3> oneTwoFive = {1, 2, 5};
 constexpr std::array<int, 9> oneToNine = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+
+std::string raisedText(const LogStep& step, PowerForm form, const NumberFormat& format) {
+    const Decimal base = Decimal::shortest(step.factor != 1 ? 10.0 : step.base);
+    // Powers of a thousand are powers of ten to the reader.
+    const bool isTen = base.digits == 1;
+    if (!isTen && base.magnitude() >= longestBase)
+        return scientificText(Decimal::nearest(step.value(), 4), 1, format);
+    const std::string mantissa =
+        step.factor == 1 ? "" : plainText({step.factor, 0}, 0, format) + "\u00d7";
+    const std::string root = isTen ? "10" : step.base == e ? "e" : plainText(base, 0, format);
+    const int power = isTen ? base.exponent * step.power : step.power;
+    return mantissa + root + (power != 1 || form == PowerForm::Always ? superscript(power) : "");
+}
 
 // The first and the last power of the base in the range.
 struct Powers {
@@ -56,8 +71,9 @@ Powers powersWithin(double min, double max, double base) {
 void addMajor(TickSet& set, const LogStep& step, double min, double max, const TickRequest& request,
               Side side) {
     const double value = step.value();
+    const PowerForm form = powerForm(std::log10(max) - std::log10(min));
     if (value >= min && value <= max && (set.major.empty() || value > set.major.back().value))
-        set.major.push_back({value, logLabel(step, side, request), {}});
+        set.major.push_back({value, logLabel(step, side, form, request), {}});
 }
 
 template <std::size_t N>
@@ -164,7 +180,12 @@ double LogStep::value() const {
     return base == 10.0 || factor != 1 ? Decimal{factor, power}.toDouble() : std::pow(base, power);
 }
 
-std::string logLabel(const LogStep& step, Side side, const TickRequest& request) {
+PowerForm powerForm(double decades) {
+    constexpr double most = 6.5;
+    return decades > most ? PowerForm::Always : PowerForm::WhereLong;
+}
+
+std::string logLabel(const LogStep& step, Side side, PowerForm form, const TickRequest& request) {
     const NumberFormat& format = formatOf(request);
     const bool isTen = step.base == 10.0 || step.factor != 1;
     Decimal value = isTen ? Decimal{step.factor, step.power} : Decimal::shortest(step.value());
@@ -172,19 +193,9 @@ std::string logLabel(const LogStep& step, Side side, const TickRequest& request)
         value.digits = side == Side::Negative ? -value.digits : value.digits;
         return numberText(value, 0, format);
     }
-    std::string text;
-    const bool isShort = value.magnitude() < 5 && value.exponent > -5 && step.base != e;
-    if (isShort || step.power == 0) {
-        text = plainText(value, 0, format);
-    } else {
-        if (step.factor != 1)
-            text = plainText({step.factor, 0}, 0, format) + "\u00d7";
-        text += isTen            ? "10"
-                : step.base == e ? "e"
-                                 : plainText(Decimal::shortest(step.base), 0, format);
-        if (step.power != 1)
-            text += superscript(step.power);
-    }
+    const bool isShort = value.magnitude() < 5 && value.exponent > -5 &&
+                         (step.base != e || step.power == 0) && form == PowerForm::WhereLong;
+    const std::string text = isShort ? plainText(value, 0, format) : raisedText(step, form, format);
     return (side == Side::Negative ? minusSign : "") + format.prefix() + text + format.suffix();
 }
 

@@ -29,8 +29,12 @@ struct LogStep {
     double value() const;
 };
 
-/// "1000", "2×10⁶" or "2⁻¹⁷": short numbers in plain digits. A pure function of its arguments, so
-/// that a tick keeps its label wherever the axis goes.
-std::string logLabel(const LogStep& step, Side side, const TickRequest& request);
+/// Whether all labels of an axis are powers, or short numbers stand in plain digits.
+enum class PowerForm { Always, WhereLong };
+/// Depends on the span alone, so that a tick keeps its label wherever the axis goes.
+PowerForm powerForm(double decades);
+
+/// "1000" or "10³", "2×10⁶", "2⁻¹⁷".
+std::string logLabel(const LogStep& step, Side side, PowerForm form, const TickRequest& request);
 
 } // namespace zembra

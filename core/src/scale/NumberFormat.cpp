@@ -86,11 +86,14 @@ std::string NumberFormat::text(double value, double resolution) const {
     if (!(resolution > 0.0) || !std::isfinite(resolution))
         return numberText(Decimal::nearest(value, 6), 0, *this);
     // A hair more, so that a resolution of 0.001 counts as three decimals and not as four.
-    const int place = static_cast<int>(std::floor(std::log10(resolution) + 1e-9));
-    const int significant = Decimal::nearest(value, 17).magnitude() - place + 1;
+    const int wanted = static_cast<int>(std::floor(std::log10(resolution) + 1e-9));
+    // A double tells no more than seventeen digits.
+    const int magnitude = Decimal::nearest(value, 17).magnitude();
+    const int place = std::max(wanted, magnitude - 16);
+    const int significant = magnitude - place + 1;
     Decimal rounded;
     if (significant >= 1)
-        rounded = Decimal::nearest(value, std::min(significant, 17));
+        rounded = Decimal::nearest(value, significant);
     else if (std::abs(value) >= 0.5 * power10(place))
         rounded = {value < 0.0 ? -1 : 1, place};
     return numberText(rounded, -place - powerOfTen, *this);

@@ -57,16 +57,55 @@ std::optional<int> takeSuperscript(std::string_view& text) {
     return value;
 }
 
-// Reads "1.5", "1.5*10^6", "2^7" and "e^3". One rounding where there is a power of ten.
-std::optional<long double> readNumber(std::string_view text, int factor) {
-    const bool negative = !text.empty() && text[0] == '-';
-    if (negative)
-        text.remove_prefix(1);
+// A number as it is told: exactly where that is possible, so that a sum is rounded once.
+struct Number {
+    std::optional<Decimal> exact;
+    double value = 0.0;
+};
+
+// Takes the plain digits at the front of a text.
+std::string takeFigures(std::string_view& text) {
     std::string figures;
     while (!text.empty() && ((text[0] >= '0' && text[0] <= '9') || text[0] == '.')) {
         figures += text[0];
         text.remove_prefix(1);
     }
+    return figures;
+}
+
+std::optional<Number> readFigures(std::string figures, int exponent, bool negative) {
+    Number number;
+    const auto point = figures.find('.');
+    std::string digits = figures;
+    int behindPoint = 0;
+    if (point != std::string::npos) {
+        digits.erase(point, 1);
+        behindPoint = static_cast<int>(digits.size() - point);
+    }
+    Decimal decimal{0, exponent - behindPoint};
+    const auto end = digits.data() + digits.size();
+    const auto whole = std::from_chars(digits.data(), end, decimal.digits);
+    if (whole.ec == std::errc() && whole.ptr == end) {
+        decimal.digits = negative ? -decimal.digits : decimal.digits;
+        number.exact = decimal;
+        number.value = decimal.toDouble();
+        return number;
+    }
+    figures += 'e' + std::to_string(exponent);
+    const auto last = figures.data() + figures.size();
+    const auto read = std::from_chars(figures.data(), last, number.value);
+    if (read.ec != std::errc() || read.ptr != last)
+        return std::nullopt;
+    number.value = negative ? -number.value : number.value;
+    return number;
+}
+
+// Reads "1.5", "1.5*10^6", "2^7" and "e^3".
+std::optional<Number> readNumber(std::string_view text, int factor) {
+    const bool negative = !text.empty() && text[0] == '-';
+    if (negative)
+        text.remove_prefix(1);
+    std::string figures = takeFigures(text);
     const bool isE = figures.empty() && !text.empty() && text[0] == 'e';
     if (isE)
         text.remove_prefix(1);
@@ -91,17 +130,24 @@ std::optional<long double> readNumber(std::string_view text, int factor) {
     }
     if (!text.empty() || (figures.empty() && !isE))
         return std::nullopt;
-    long double value = 2.718281828459045235360287471352662498L;
-    if (!isE) {
-        figures += 'e' + std::to_string(exponent);
-        const auto end = figures.data() + figures.size();
-        const auto read = std::from_chars(figures.data(), end, value);
-        if (read.ec != std::errc() || read.ptr != end)
-            return std::nullopt;
-    }
-    if (power != 1)
-        value = std::pow(value, static_cast<long double>(power));
-    return negative ? -value : value;
+    constexpr double e = 2.718281828459045235;
+    auto number = isE ? Number{std::nullopt, negative ? -e : e}
+                      : readFigures(std::move(figures), exponent, negative);
+    if (number && power != 1)
+        number = Number{std::nullopt,
+                        std::copysign(std::pow(std::abs(number->value), power), number->value)};
+    return number;
+}
+
+double sum(const Number& a, const Number& b) {
+    if (!a.exact || !b.exact)
+        return a.value + b.value;
+    const Decimal& fine = a.exact->exponent < b.exact->exponent ? *a.exact : *b.exact;
+    const Decimal& coarse = a.exact->exponent < b.exact->exponent ? *b.exact : *a.exact;
+    const int places = coarse.exponent - fine.exponent;
+    if (digitCount(coarse.digits) + places > 18 || digitCount(fine.digits) > 18)
+        return a.value + b.value;
+    return Decimal{coarse.digits * integerPower10(places) + fine.digits, fine.exponent}.toDouble();
 }
 
 // The power of ten of an SI prefix and unit behind a number, which is cut off.
@@ -151,18 +197,13 @@ std::optional<double> parseNumber(std::string_view label, std::string_view offse
         if (!rest.empty() && rest[0] == ' ')
             rest.remove_prefix(1);
     }
-    auto value = readNumber(toAscii(text, format), factor);
-    if (!value)
-        return std::nullopt;
-    if (!rest.empty()) {
-        if (rest[0] == '+')
-            rest.remove_prefix(1);
-        const auto part = readNumber(rest, -format.shift());
-        if (!part)
-            return std::nullopt;
-        *value += *part;
-    }
-    return static_cast<double>(*value);
+    const auto number = readNumber(toAscii(text, format), factor);
+    if (!number || rest.empty())
+        return number ? std::optional(number->value) : std::nullopt;
+    if (rest[0] == '+')
+        rest.remove_prefix(1);
+    const auto part = readNumber(rest, -format.shift());
+    return part ? std::optional(sum(*number, *part)) : std::nullopt;
 }
 
 } // namespace zembra

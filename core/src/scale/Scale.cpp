@@ -105,7 +105,7 @@ Interval Scale::autoRange(const Interval& data, double share, bool keepMin, bool
     const Interval limits = engine->domain();
     const Interval inside{std::max(data.min, limits.min), std::min(data.max, limits.max)};
     if (data.isEmpty() || inside.isEmpty())
-        return engine->defaultRange();
+        return within(limits, engine->defaultRange());
     // An end outside the domain tells nothing about where the data inside it begins.
     const bool isSingle =
         inside.min == inside.max || inside.min != data.min || inside.max != data.max;
@@ -121,7 +121,7 @@ Interval Scale::autoRange(const Interval& data, double share, bool keepMin, bool
         return range;
     const double inf = std::numeric_limits<double>::infinity();
     range = within(limits, {std::nextafter(known, -inf), std::nextafter(known, inf)});
-    return range.min < range.max ? range : engine->defaultRange();
+    return range.min < range.max ? range : within(limits, engine->defaultRange());
 }
 
 TickSet Scale::ticks(double first, double second, const TickRequest& request) const {

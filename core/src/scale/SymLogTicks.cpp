@@ -60,18 +60,18 @@ std::vector<LogStep> stepsAboveZero(const SymLogScale& scale, const Powers& powe
 }
 
 void addMajors(TickSet& set, const std::vector<LogStep>& steps, double min, double max,
-               const TickRequest& request) {
+               PowerForm form, const TickRequest& request) {
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
         const double value = -step->value();
         if (value >= min && value <= max)
-            set.major.push_back({value, logLabel(*step, Side::Negative, request), {}});
+            set.major.push_back({value, logLabel(*step, Side::Negative, form, request), {}});
     }
     if (min <= 0.0 && max >= 0.0)
         set.major.push_back({0.0, numberText({}, 0, formatOf(request)), {}});
     for (const LogStep& step : steps) {
         const double value = step.value();
         if (value >= min && value <= max)
-            set.major.push_back({value, logLabel(step, Side::Positive, request), {}});
+            set.major.push_back({value, logLabel(step, Side::Positive, form, request), {}});
     }
 }
 
@@ -123,14 +123,16 @@ TickSet symLogTicks(const SymLogScale& scale, double min, double max, const Tick
     const int maxMajor = std::clamp(request.maxMajor, 1, majorCap);
     TickSet set;
     if (top / width > mostlyLinear) {
-        const double room = (scale.transform(max) - scale.transform(min)) / maxMajor;
+        const double span = scale.transform(max) - scale.transform(min);
+        const double room = span / maxMajor;
+        const PowerForm form = powerForm(span * std::log10(scale.base()));
         const Powers powers = powersBetween(width, top, scale.base());
         int step = niceCount(room * spanSlack);
-        addMajors(set, stepsAboveZero(scale, powers, step, room), min, max, request);
+        addMajors(set, stepsAboveZero(scale, powers, step, room), min, max, form, request);
         while (static_cast<int>(set.major.size()) > maxMajor && step < largestStep) {
             step = niceCount(step + 1.0);
             set.major.clear();
-            addMajors(set, stepsAboveZero(scale, powers, step, room), min, max, request);
+            addMajors(set, stepsAboveZero(scale, powers, step, room), min, max, form, request);
         }
         // Zero and one power may remain where a single tick is wanted.
         if (static_cast<int>(set.major.size()) > maxMajor)

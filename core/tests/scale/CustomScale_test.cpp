@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include <zembra/scale/ScaleMap.h>
+
+#include "support/TickChecks.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+
+using namespace zembra;
+using namespace zembra::test;
+
+namespace {
+
+Scale squareRoot() {
+    return Scale::custom([](double v) { return std::sqrt(v); }, [](double p) { return p * p; },
+                         {0.0, std::numeric_limits<double>::max()});
+}
+
+} // namespace
+
+TEST(CustomScale, ValuesLieAsTheTransformSays) {
+    const ScaleMap map(squareRoot(), 0.0, 100.0, 0.0, 100.0);
+    EXPECT_DOUBLE_EQ(map.transform(25.0), 50.0);
+    EXPECT_DOUBLE_EQ(map.invTransform(50.0), 25.0);
+    EXPECT_TRUE(std::isnan(map.transform(-1.0)));
+    EXPECT_EQ(tickFault(squareRoot(), 0.0, 100.0, {}), "");
+}
+
+TEST(CustomScale, AFallingTransformRunsTheSameWay) {
+    const auto reciprocal = [](double v) { return 1.0 / v; };
+    const Scale scale = Scale::custom(reciprocal, reciprocal, {1e-3, 1e3});
+    EXPECT_LT(scale.transform(1.0), scale.transform(2.0));
+    EXPECT_DOUBLE_EQ(scale.invTransform(scale.transform(4.0)), 4.0);
+}
+
+TEST(CustomScale, RangesStayInsideTheDomain) {
+    const Scale scale = squareRoot();
+    const Interval range = scale.autoRange({0.0, 100.0}, 0.5);
+    EXPECT_GE(range.min, 0.0);
+    EXPECT_DOUBLE_EQ(range.max, 225.0);
+    EXPECT_LT(scale.autoRange({0.0, 0.0}, 0.1).min, scale.autoRange({0.0, 0.0}, 0.1).max);
+}
+
+TEST(CustomScale, FunctionsThatFailPlaceNothing) {
+    const auto failing = [](double) -> double { throw std::runtime_error("no"); };
+    const Scale scales[] = {Scale::custom(failing, failing), Scale::custom({}, {})};
+    for (const Scale& scale : scales) {
+        EXPECT_TRUE(std::isnan(scale.transform(1.0)));
+        EXPECT_TRUE(std::isnan(scale.invTransform(1.0)));
+        EXPECT_FALSE(scale.contains(1.0));
+        EXPECT_TRUE(scale.ticks(0.0, 1.0, {}).major.empty());
+        const Interval range = scale.autoRange({2.0, 3.0}, 0.1);
+        EXPECT_TRUE(range.min < range.max && std::isfinite(range.min) && std::isfinite(range.max));
+    }
+}

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include <zembra/scale/Scale.h>
+
+#include "support/TickChecks.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <map>
+
+using namespace zembra;
+using namespace zembra::test;
+
+namespace {
+
+std::string line(const TickSet& set) {
+    std::string text;
+    for (const Tick& tick : set.major)
+        text += (text.empty() ? "" : " ") + tick.label;
+    return text + (set.offset.empty() ? "" : " (" + set.offset + ")");
+}
+
+TickRequest most(int maxMajor) {
+    TickRequest request;
+    request.maxMajor = maxMajor;
+    return request;
+}
+
+} // namespace
+
+TEST(LogScale, TicksFollowTheNumberOfDecades) {
+    struct Case {
+        double base, min, max;
+        const char* labels;
+    };
+    constexpr Case cases[] = {
+        {10, 1, 10, "1 2 5 10"},
+        {10, 2, 30, "2 5 10 20"},
+        {10, 0.5, 2000, "1 10 100 1000"},
+        {10, 1, 1e5, "1 10 100 1000 10000 10⁵"},
+        {10, 3e4, 3e7, "10⁵ 10⁶ 10⁷"},
+        {10, 1e-12, 1e12, "10⁻¹⁰ 10⁻⁵ 10⁰ 10⁵ 10¹⁰"},
+        {10, 5e-324, 1.7e308, "10⁻³⁰⁰ 10⁻²⁰⁰ 10⁻¹⁰⁰ 10⁰ 10¹⁰⁰ 10²⁰⁰ 10³⁰⁰"},
+        {10, 3, 5, "3.0 3.5 4.0 4.5 5.0"},
+        {10, 1e6, 1.0001e6, "0 20 40 60 80 100 (+1000000)"},
+        {2, 1, 100, "1 2 4 8 16 32 64"},
+        {2, 0.1, 1.5, "0.125 0.25 0.5 1"},
+        {2, 1e5, 1e6, "2¹⁷ 2¹⁸ 2¹⁹"},
+        {2.718281828459045, 0.9, 60, "1 e e² e³ e⁴"},
+        {1000, 1, 1e4, "1 10 100 1000 10000"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(line(Scale::log(c.base).ticks(c.min, c.max, most(8))), c.labels)
+            << c.base << ": " << c.min << " to " << c.max;
+}
+
+TEST(LogScale, MinorTicksFillDecadesOrCountThem) {
+    const TickSet decade = Scale::log().ticks(1, 1000, most(5));
+    ASSERT_EQ(decade.major.size(), 4u);
+    EXPECT_EQ(decade.minor.size(), 24u);
+    const TickSet many = Scale::log().ticks(1, 1e20, most(5));
+    EXPECT_EQ(many.major.size() + many.minor.size(), 21u);
+}
+
+TEST(LogScale, OnlyPositiveNumbersHaveAPlace) {
+    const Scale scale = Scale::log();
+    for (const double value : {0.0, -0.0, -1.0, -1e308, std::nan("")}) {
+        EXPECT_FALSE(scale.contains(value)) << value;
+        EXPECT_TRUE(std::isnan(scale.transform(value))) << value;
+    }
+    EXPECT_TRUE(scale.ticks(-1, 10, most(5)).major.empty());
+    EXPECT_TRUE(scale.ticks(0, 10, most(5)).major.empty());
+}
+
+TEST(LogScale, TransformIsExactAtPowersOfTenAndTwo) {
+    for (int power = -300; power <= 300; ++power)
+        EXPECT_EQ(Scale::log().transform(std::stod("1e" + std::to_string(power))), power);
+    for (int power = -1000; power <= 1000; ++power)
+        EXPECT_EQ(Scale::log(2).transform(std::ldexp(1.0, power)), power);
+}
+
+TEST(LogScale, BasesThatAreNoneMeanTen) {
+    const double inf = std::numeric_limits<double>::infinity();
+    for (const double base : {0.0, 1.0, -2.0, 0.5, std::nan(""), inf})
+        EXPECT_EQ(Scale::log(base).transform(100.0), 2.0) << base;
+}
+
+TEST(LogScale, TicksOfRandomRangesKeepEveryPromise) {
+    RandomRanges ranges;
+    const Scale scales[] = {Scale::log(),    Scale::log(),
+                            Scale::log(2),   Scale::log(2.718281828459045),
+                            Scale::log(1.5), Scale::log(1000)};
+    for (int i = 0; i < 200000; ++i) {
+        const auto range = ranges.positive();
+        ASSERT_EQ(tickFault(scales[i % 6], range.first, range.second, most(2 + i % 14)), "")
+            << "scale " << i % 6;
+    }
+}
+
+TEST(LogScale, LabelsHoldStillWhilePanning) {
+    for (const double decades : {0.9, 2.0, 5.5, 30.0}) {
+        std::map<double, std::string> seen;
+        for (int i = 0; i < 1000; ++i) {
+            const double low = -4.0 + i * 0.01;
+            const TickSet set =
+                Scale::log().ticks(std::pow(10, low), std::pow(10, low + decades), most(8));
+            ASSERT_GE(set.major.size(), 2u);
+            for (const Tick& tick : set.major) {
+                const auto [at, isNew] = seen.insert({tick.value, tick.label});
+                ASSERT_TRUE(isNew || at->second == tick.label)
+                    << at->second << " became " << tick.label;
+            }
+        }
+    }
+}

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include <zembra/scale/NumberFormat.h>
+#include <zembra/scale/Scale.h>
+
+#include "support/TickChecks.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+
+using namespace zembra;
+using namespace zembra::test;
+
+namespace {
+
+std::string line(const NumberFormat& format, double min, double max, const Scale& scale = Scale()) {
+    TickRequest request;
+    request.maxMajor = 5;
+    request.format = &format;
+    const TickSet set = scale.ticks(min, max, request);
+    std::string text;
+    for (const Tick& tick : set.major)
+        text += (text.empty() ? "" : " | ") + tick.label;
+    return text + set.offset;
+}
+
+} // namespace
+
+TEST(NumberFormat, TicksAreToldInEveryNotation) {
+    NumberFormat swiss = NumberFormat::fixed(0);
+    swiss.setGroupSeparator("’");
+    NumberFormat german = NumberFormat::fixed(1);
+    german.setDecimalPoint(",").setGroupSeparator(".");
+    struct Case {
+        NumberFormat format;
+        double min, max;
+        const char* labels;
+    };
+    const Case cases[] = {
+        {NumberFormat::fixed(2), 0, 2, "0.00 | 0.50 | 1.00 | 1.50 | 2.00"},
+        {NumberFormat::fixed(0), 0, 0.002, "0.0000 | 0.0005 | 0.0010 | 0.0015 | 0.0020"},
+        {NumberFormat::exponent(), 0, 20000, "0 | 5×10³ | 1×10⁴ | 1.5×10⁴ | 2×10⁴"},
+        {NumberFormat::engineering(), 0, 20000, "0 | 5×10³ | 10×10³ | 15×10³ | 20×10³"},
+        {NumberFormat::siPrefix("Hz"), 0, 2000,
+         "0\u00a0Hz | 500\u00a0Hz | 1\u00a0kHz | 1.5\u00a0kHz | 2\u00a0kHz"},
+        {NumberFormat::siPrefix(), -2e-6, 2e-6, "−2µ | −1µ | 0 | 1µ | 2µ"},
+        {NumberFormat::percent(), 0, 1, "0% | 50% | 100%"},
+        {NumberFormat::percent(1), 0, 0.01, "0.0% | 0.5% | 1.0%"},
+        {NumberFormat::degrees(), -90, 90, "−50° | 0° | 50°"},
+        {NumberFormat::currency("$", "", 2), -2, 2, "−$2.00 | −$1.00 | $0.00 | $1.00 | $2.00"},
+        {NumberFormat::currency("", " €"), 0, 400, "0 € | 100 € | 200 € | 300 € | 400 €"},
+        {swiss, 0, 4e6, "0 | 1’000’000 | 2’000’000 | 3’000’000 | 4’000’000"},
+        {german, 999, 1003, "999,0 | 1.000,0 | 1.001,0 | 1.002,0 | 1.003,0"},
+        {NumberFormat::custom([](double v) { return v > 1 ? "much" : "little"; }), 0, 4,
+         "little |  | much |  | "},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(line(c.format, c.min, c.max), c.labels);
+}
+
+TEST(NumberFormat, LogTicksFollowTheFormat) {
+    EXPECT_EQ(line(NumberFormat::siPrefix("Hz"), 1, 1e6, Scale::log()),
+              "1\u00a0Hz | 100\u00a0Hz | 10\u00a0kHz | 1\u00a0MHz");
+    EXPECT_EQ(line(NumberFormat::percent(), 0.001, 1, Scale::log()), "0.1% | 1% | 10% | 100%");
+}
+
+TEST(NumberFormat, TextsReadBackInEveryNotation) {
+    NumberFormat german = NumberFormat::fixed(1);
+    german.setDecimalPoint(",").setGroupSeparator(".");
+    NumberFormat meters;
+    meters.setSuffix(" m");
+    const NumberFormat formats[] = {NumberFormat(),
+                                    NumberFormat::fixed(2),
+                                    NumberFormat::exponent(),
+                                    NumberFormat::engineering(),
+                                    NumberFormat::siPrefix(),
+                                    NumberFormat::siPrefix("m"),
+                                    NumberFormat::currency("$"),
+                                    meters};
+    RandomRanges ranges;
+    for (int i = 0; i < 40000; ++i) {
+        const auto range = ranges.any();
+        TickRequest request;
+        request.format = &formats[i % 8];
+        const TickSet set = Scale().ticks(range.first, range.second, request);
+        for (const Tick& tick : set.major) {
+            const auto value = request.format->parse(tick.label, set.offset);
+            ASSERT_TRUE(value) << tick.label << " of format " << i % 8;
+            ASSERT_EQ(*value, tick.value) << tick.label << " " << set.offset;
+        }
+    }
+    EXPECT_EQ(german.parse("−1.234,5"), -1234.5);
+    EXPECT_EQ(NumberFormat::percent().parse("−12.5%"), -0.125);
+    EXPECT_EQ(NumberFormat().parse("1.5", "×10⁻³ +2"), 2.0015);
+    EXPECT_EQ(NumberFormat().parse("2⁻³"), 0.125);
+}
+
+TEST(NumberFormat, WhatTellsNoNumberReadsAsNone) {
+    for (const char* text : {"", "−", "x", "1x", "10^", "1.5×", "×10³", "1×10", "--1", "1e5"})
+        EXPECT_FALSE(NumberFormat().parse(text)) << text;
+    EXPECT_FALSE(NumberFormat().parse("1", "×10"));
+    EXPECT_FALSE(NumberFormat().parse("1", "nonsense"));
+}
+
+TEST(NumberFormat, SingleNumbersAreRoundedToWhatMatters) {
+    struct Case {
+        double value, resolution;
+        const char* text;
+    };
+    constexpr Case cases[] = {
+        {1.5, 0.0, "1.5"},
+        {1.0 / 3.0, 0.0, "0.333333"},
+        {-0.0, 0.0, "0"},
+        {2.0 / 3.0, 0.01, "0.67"},
+        {1.5, 0.001, "1.500"},
+        {1234.56, 10, "1230"},
+        {0.004, 0.01, "0.00"},
+        {0.006, 0.01, "0.01"},
+        {-0.004, 0.01, "0.00"},
+        {6.02214e23, 0.0, "6.02214×10²³"},
+        {-1.6e-19, 0.0, "−1.6×10⁻¹⁹"},
+        {5e-324, 0.0, "4.94066×10⁻³²⁴"},
+        {1.7976931348623157e308, 0.0, "1.79769×10³⁰⁸"},
+        {3.0, 1e-300, "3.0000000000000000"},
+        {123.456, 1e300, "0"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(NumberFormat().text(c.value, c.resolution), c.text);
+    const double inf = std::numeric_limits<double>::infinity();
+    for (const double value : {inf, -inf, std::nan("")})
+        EXPECT_EQ(NumberFormat().text(value), "");
+    EXPECT_EQ(NumberFormat::percent().text(0.12345, 0.001), "12.3%");
+}
+
+TEST(NumberFormat, AFunctionThatFailsGivesNoText) {
+    const NumberFormat failing =
+        NumberFormat::custom([](double) -> std::string { throw std::runtime_error("no"); });
+    EXPECT_EQ(failing.text(1.0), "");
+    EXPECT_EQ(NumberFormat::custom({}).text(1.0), "");
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include <zembra/scale/Scale.h>
+
+#include "support/TickChecks.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace zembra;
+using namespace zembra::test;
+
+namespace {
+
+std::string line(const TickSet& set) {
+    std::string text;
+    for (const Tick& tick : set.major)
+        text += (text.empty() ? "" : " ") + tick.label;
+    return text + (set.offset.empty() ? "" : " (" + set.offset + ")");
+}
+
+TickRequest most(int maxMajor) {
+    TickRequest request;
+    request.maxMajor = maxMajor;
+    return request;
+}
+
+} // namespace
+
+TEST(SymLogScale, TicksRunThroughZero) {
+    struct Case {
+        double min, max;
+        const char* labels;
+    };
+    constexpr Case cases[] = {
+        {-1000, 1000, "−1000 −100 −10 0 10 100 1000"},
+        {-0.1, 0.1, "−0.10 −0.05 0.00 0.05 0.10"},
+        {0, 1e4, "0 10 100 1000 10000"},
+        {-1e5, -100, "−10⁵ −10000 −1000 −100"},
+        {-103, -102, "−103.0 −102.8 −102.6 −102.4 −102.2 −102.0"},
+        {-1000004, -1000000, "−4 −3 −2 −1 0 (−1000000)"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(line(Scale::symLog().ticks(c.min, c.max, most(8))), c.labels)
+            << c.min << " to " << c.max;
+}
+
+TEST(SymLogScale, TransformIsOddAndComesBack) {
+    for (const double width : {1.0, 1e-300, 1e-3, 1e300}) {
+        const Scale scale = Scale::symLog(width);
+        EXPECT_EQ(scale.transform(0.0), 0.0);
+        for (const double value : {5e-324, 1e-300, 1e-9, 0.3, 1.0, 7.0, 1e5, 1e100, 1e308}) {
+            EXPECT_EQ(scale.transform(-value), -scale.transform(value));
+            if (value / width < 1e-290)
+                continue;
+            const double back = scale.invTransform(scale.transform(value));
+            EXPECT_NEAR(back / value, 1.0, 1e-12) << value << " width " << width;
+        }
+        EXPECT_TRUE(std::isnan(scale.transform(std::nan(""))));
+    }
+}
+
+TEST(SymLogScale, TicksOfRandomRangesKeepEveryPromise) {
+    RandomRanges ranges;
+    const Scale scales[] = {Scale::symLog(), Scale::symLog(1e-3), Scale::symLog(1e6, 2.0)};
+    const double widths[] = {1.0, 1e-3, 1e6};
+    for (int i = 0; i < 200000; ++i) {
+        const auto range = i % 2 == 0 ? ranges.nearZero(widths[i % 3]) : ranges.any();
+        ASSERT_EQ(tickFault(scales[i % 3], range.first, range.second, most(1 + i % 15)), "")
+            << "scale " << i % 3;
+    }
+}

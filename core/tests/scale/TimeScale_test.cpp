@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+#include <zembra/scale/Scale.h>
+
+#include "support/TickChecks.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <map>
+#include <set>
+
+using namespace zembra;
+using namespace zembra::test;
+
+namespace {
+
+constexpr double hour = 3600.0;
+constexpr double day = 86400.0;
+
+double utc(int year, unsigned month, unsigned dayOfMonth, double hours = 0.0) {
+    const std::chrono::sys_days date =
+        std::chrono::year(year) / std::chrono::month(month) / std::chrono::day(dayOfMonth);
+    return static_cast<double>(date.time_since_epoch().count()) * day + hours * hour;
+}
+
+// Labels, with each group in front of its first one.
+std::string line(const TickSet& set) {
+    std::string text;
+    std::string group;
+    for (const Tick& tick : set.major) {
+        text += text.empty() ? "" : " | ";
+        if (tick.group != group)
+            text += "[" + tick.group + "] ";
+        group = tick.group;
+        text += tick.label;
+    }
+    return text;
+}
+
+TickRequest most(int maxMajor) {
+    TickRequest request;
+    request.maxMajor = maxMajor;
+    return request;
+}
+
+std::string line(const char* zone, double from, double to, int maxMajor = 8) {
+    return line(Scale::time(zone).ticks(from, to, most(maxMajor)));
+}
+
+} // namespace
+
+TEST(TimeScale, TicksFollowTheCalendarAtEveryZoom) {
+    const double t = utc(2024, 1, 1);
+    struct Case {
+        double from, to;
+        const char* labels;
+    };
+    const Case cases[] = {
+        {utc(1900, 1, 1), utc(2100, 1, 1), "1900 | 1950 | 2000 | 2050 | 2100"},
+        {utc(2015, 6, 1), utc(2024, 6, 1), "2016 | 2018 | 2020 | 2022 | 2024"},
+        {utc(2022, 6, 1), utc(2024, 8, 1), "[2022] Jul | [2023] Jan | Jul | [2024] Jan | Jul"},
+        {utc(2023, 10, 2), utc(2024, 4, 3), "[2023] Nov | Dec | [2024] Jan | Feb | Mar | Apr"},
+        {utc(2023, 12, 10), utc(2024, 2, 28),
+         "[2023] Dec 16 | [2024] Jan 1 | Jan 16 | Feb 1 | Feb 16"},
+        {utc(2023, 12, 17), utc(2024, 1, 23),
+         "[2023] Dec 18 | Dec 25 | [2024] Jan 1 | Jan 8 | Jan 15 | Jan 22"},
+        {utc(2024, 2, 25), utc(2024, 3, 6), "[2024] Feb 25 | Feb 27 | Mar 1 | Mar 3 | Mar 5"},
+        {t - day, t + 3 * day, "[2023] Dec 31 | [2024] Jan 1 | Jan 2 | Jan 3 | Jan 4"},
+        {t - 7 * hour, t + 11 * hour,
+         "[Dec 31 2023] 18:00 | 21:00 | [Jan 1 2024] 00:00 | 03:00 | 06:00 | 09:00"},
+        {t, t + hour, "[Jan 1 2024] 00:00 | 00:10 | 00:20 | 00:30 | 00:40 | 00:50 | 01:00"},
+        {t, t + 60,
+         "[Jan 1 2024] 00:00:00 | 00:00:10 | 00:00:20 | 00:00:30 | 00:00:40 | "
+         "00:00:50 | 00:01:00"},
+        {t - 1.0, t + 1.0,
+         "[Dec 31 2023 23:59] 59.0 s | 59.5 s | [Jan 1 2024 00:00] 0.0 s | 0.5 s | 1.0 s"},
+        {t - 1e-5, t + 1e-5,
+         "[Dec 31 2023 23:59:59] 999.990 ms | 999.995 ms | "
+         "[Jan 1 2024 00:00:00] 0.000 ms | 0.005 ms | 0.010 ms"},
+        {0.0, 4e-9,
+         "[Jan 1 1970 00:00:00.000] 0.000 µs | 0.001 µs | 0.002 µs | 0.003 µs | "
+         "0.004 µs"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(line("UTC", c.from, c.to, 7), c.labels);
+}
+
+TEST(TimeScale, YearsRunOnBothWaysWithoutEnd) {
+    EXPECT_EQ(line("UTC", utc(9999, 6, 1), utc(10000, 6, 1), 5), "[9999] Jul | Oct | "
+                                                                 "[10000] Jan | Apr");
+    EXPECT_EQ(line("UTC", utc(-2, 1, 1), utc(2, 1, 1), 5), "−2 | −1 | 0 | 1 | 2");
+    EXPECT_EQ(line("UTC", utc(1, 1, 1), utc(20000, 1, 1), 5), "5000 | 10000 | 15000 | 20000");
+    EXPECT_EQ(line("UTC", utc(1969, 12, 31, 18), utc(1970, 1, 1, 6), 5),
+              "[Dec 31 1969] 18:00 | 21:00 | [Jan 1 1970] 00:00 | 03:00 | 06:00");
+    EXPECT_EQ(line("UTC", utc(1, 1, 1), utc(1, 3, 1), 4), "[1] Jan | Feb | Mar");
+}
+
+TEST(TimeScale, BeyondTheCalendarTimesAreNumbers) {
+    const Scale scale = Scale::time();
+    EXPECT_EQ(tickFault(scale, 1e15, 2e15, most(8)), "");
+    EXPECT_EQ(tickFault(scale, -1e300, 1e300, most(8)), "");
+    EXPECT_FALSE(scale.ticks(1e15, 2e15, most(8)).major.empty());
+}
+
+TEST(TimeScale, DaysOfDaylightSavingHaveEveryHourOnce) {
+    struct Case {
+        const char* zone;
+        double from, to;
+        const char* labels;
+    };
+    const Case cases[] = {
+        {"Europe/Zurich", utc(2024, 3, 31, -1), utc(2024, 3, 31, 4),
+         "[Mar 31 2024] 00:00 | 01:00 | 03:00 | 04:00 | 05:00 | 06:00"},
+        {"Europe/Zurich", utc(2024, 10, 26, 22), utc(2024, 10, 27, 4),
+         "[Oct 27 2024] 00:00 | 01:00 | 02:00 CEST | 02:00 CET | 03:00 | 04:00 | 05:00"},
+        {"Europe/Zurich", utc(2024, 10, 27, 0), utc(2024, 10, 27, 2),
+         "[Oct 27 2024] 02:00 CEST | 02:30 CEST | 02:00 CET | 02:30 CET | 03:00"},
+        {"America/New_York", utc(2024, 3, 10, 5), utc(2024, 3, 10, 9),
+         "[Mar 10 2024] 00:00 | 01:00 | 03:00 | 04:00 | 05:00"},
+        {"America/New_York", utc(2024, 11, 3, 4), utc(2024, 11, 3, 8),
+         "[Nov 3 2024] 00:00 | 01:00 EDT | 01:00 EST | 02:00 | 03:00"},
+        {"Australia/Lord_Howe", utc(2024, 4, 6, 14), utc(2024, 4, 6, 16.5),
+         "[Apr 7 2024] 01:00 | 01:30 +11 | 01:30 +1030 | 02:00 | 02:30 | 03:00"},
+        {"Australia/Lord_Howe", utc(2024, 10, 5, 15), utc(2024, 10, 5, 17),
+         "[Oct 6 2024] 01:30 | 02:30 | 03:00 | 03:30 | 04:00"},
+        {"Asia/Kathmandu", utc(2024, 1, 1), utc(2024, 1, 1, 4),
+         "[Jan 1 2024] 06:00 | 07:00 | 08:00 | 09:00"},
+        // The abbreviation stays MSK while the clocks go back for good.
+        {"Europe/Moscow", utc(2014, 10, 25, 20), utc(2014, 10, 26, 0),
+         "[Oct 26 2014] 00:00 | 01:00 UTC+4 | 01:00 UTC+3 | 02:00 | 03:00"},
+        // Midnight of the first day of daylight saving does not exist.
+        {"America/Sao_Paulo", utc(2018, 11, 2, 12), utc(2018, 11, 6, 12),
+         "[2018] Nov 3 | Nov 4 | Nov 5 | Nov 6"},
+        // Samoa left out the 30th of December 2011.
+        {"Pacific/Apia", utc(2011, 12, 28, 12), utc(2012, 1, 1, 12),
+         "[2011] Dec 29 | Dec 31 | [2012] Jan 1 | Jan 2"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(line(c.zone, c.from, c.to, 7), c.labels) << c.zone;
+}
+
+TEST(TimeScale, DaylightSavingGoesOnWhereTheSystemsDataEnds) {
+    // The last Sunday of March 2050 is the 27th; the second Sunday of March 2061 is the 13th.
+    EXPECT_EQ(line("Europe/Zurich", utc(2050, 3, 26, 23), utc(2050, 3, 27, 3), 7),
+              "[Mar 27 2050] 00:00 | 01:00 | 03:00 | 04:00 | 05:00");
+    EXPECT_EQ(line("America/New_York", utc(2061, 3, 13, 5), utc(2061, 3, 13, 9), 7),
+              "[Mar 13 2061] 00:00 | 01:00 | 03:00 | 04:00 | 05:00");
+    // The last Sunday of October 2199 is the 27th.
+    EXPECT_EQ(line("Europe/Zurich", utc(2199, 10, 26, 22), utc(2199, 10, 27, 2), 7),
+              "[Oct 27 2199] 00:00 | 01:00 | 02:00 CEST | 02:00 CET | 03:00");
+}
+
+TEST(TimeScale, AnUnknownZoneMeansUtc) {
+    for (const char* zone : {"", "Mars/Olympus", "../../etc/passwd", "europe", "Zürich"})
+        EXPECT_EQ(line(zone, 0, day, 5), line("UTC", 0, day, 5)) << zone;
+}
+
+TEST(TimeScale, ASingleInstantGetsTheDayAroundIt) {
+    const Interval range = Scale::time().autoRange({1000.0, 1000.0}, 0.05);
+    EXPECT_EQ(range.min, 1000.0 - day / 2);
+    EXPECT_EQ(range.max, 1000.0 + day / 2);
+}
+
+TEST(TimeScale, NoTextComesTwiceInAnyZone) {
+    RandomRanges ranges;
+    const Scale zones[] = {Scale::time("Europe/Zurich"),       Scale::time("America/New_York"),
+                           Scale::time("Australia/Lord_Howe"), Scale::time("Asia/Kathmandu"),
+                           Scale::time("Africa/Casablanca"),   Scale::time("Pacific/Apia"),
+                           Scale::time("America/Sitka"),       Scale::time("Europe/Dublin")};
+    for (int i = 0; i < 100000; ++i) {
+        auto range = ranges.time();
+        // Most of them where clocks change.
+        if (i % 4 != 0) {
+            const double shift = std::fmod(std::abs(range.first), 2.6e9) - 1.6e9 - range.first;
+            range = {range.first + shift, range.second + shift};
+        }
+        const TickSet set = zones[i % 8].ticks(range.first, range.second, most(1 + i % 20));
+        std::set<std::pair<std::string, std::string>> texts;
+        ASSERT_LE(static_cast<int>(set.major.size()), 1 + i % 20);
+        for (std::size_t j = 0; j < set.major.size(); ++j) {
+            const Tick& tick = set.major[j];
+            ASSERT_TRUE(texts.insert({tick.label, tick.group}).second)
+                << tick.label << " " << tick.group << " twice in zone " << i % 8;
+            ASSERT_TRUE(tick.value >= range.first && tick.value <= range.second);
+            ASSERT_TRUE(j == 0 || tick.value > set.major[j - 1].value);
+        }
+    }
+}
+
+TEST(TimeScale, TicksOfRandomRangesReadBackAsTheirInstants) {
+    RandomRanges ranges;
+    const Scale scale = Scale::time();
+    for (int i = 0; i < 200000; ++i) {
+        const auto range = ranges.time();
+        if (range.second - range.first < 1e-8 || range.second - range.first < 1e-15 * 9e11)
+            continue;
+        ASSERT_EQ(timeTickFault(scale, range.first, range.second, most(3 + i % 14)), "");
+    }
+}
+
+TEST(TimeScale, AnAxisHasATickEvenWhereFewAreWanted) {
+    RandomRanges ranges;
+    const Scale scale = Scale::time("Europe/Zurich");
+    for (int i = 0; i < 20000; ++i) {
+        const auto range = ranges.time();
+        if (!(range.first < range.second))
+            continue;
+        for (const int count : {1, 2, 3})
+            ASSERT_FALSE(scale.ticks(range.first, range.second, most(count)).major.empty())
+                << range.first << " " << range.second << " " << count;
+    }
+}
+
+TEST(TimeScale, LabelsHoldStillWhilePanning) {
+    const Scale scale = Scale::time("Europe/Zurich");
+    const double start = utc(2024, 10, 20);
+    for (const double span :
+         {20 * 365 * day, 400 * day, 60 * day, 9 * day, 2 * day, 5 * hour, hour, 60.0, 2.0, 1e-2}) {
+        std::map<double, std::string> seen;
+        for (int i = 0; i < 1000; ++i) {
+            const double from = start + i * span * 0.01;
+            for (const Tick& tick : scale.ticks(from, from + span, most(8)).major) {
+                const std::string text = tick.label + " " + tick.group;
+                const auto [at, isNew] = seen.insert({tick.value, text});
+                ASSERT_TRUE(isNew || at->second == text) << at->second << " became " << text;
+            }
+        }
+    }
+}
