@@ -14,9 +14,11 @@ namespace viewer {
 namespace {
 
 std::optional<double> parsePlain(std::string_view text, char decimalMark) {
-    if (!text.empty() && text.front() == '+')
+    // fast_float knows no plus sign.
+    const bool hasPlus = !text.empty() && text.front() == '+';
+    if (hasPlus)
         text.remove_prefix(1);
-    if (text.empty() || text.front() == '+')
+    if (text.empty() || text.front() == '+' || (hasPlus && text.front() == '-'))
         return std::nullopt;
     double value = 0.0;
     const auto [end, error] = fast_float::from_chars_advanced(
