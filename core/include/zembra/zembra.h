@@ -5,6 +5,7 @@
 #include <zembra/chart/PlotGrid.h>
 #include <zembra/paint/RenderSurface.h>
 #include <zembra/scale/NumberFormat.h>
+#include <zembra/series/BarSeries.h>
 #include <zembra/series/Canvas.h>
 #include <zembra/series/LineSeries.h>
 #include <zembra/series/ScatterSeries.h>

@@ -15,7 +15,6 @@ namespace {
 using Limits = std::numeric_limits<double>;
 
 constexpr double size = 100.0;
-constexpr double nan = Limits::quiet_NaN();
 constexpr double infinity = Limits::infinity();
 
 const SeriesLook look{Color(0, 114, 178), Color(0, 0, 0), Color(255, 255, 255), Font(12.0)};
@@ -46,7 +45,7 @@ std::vector<double> ramp(double first, double step, std::size_t count) {
 std::vector<double> noise(std::size_t count) {
     std::vector<double> values;
     for (std::size_t i = 0; i < count; ++i)
-        values.push_back(i % 97 == 5 ? nan : 10.0 * std::sin(static_cast<double>(i * i)));
+        values.push_back(i % 97 == 5 ? notANumber : 10.0 * std::sin(static_cast<double>(i * i)));
     return values;
 }
 
@@ -110,8 +109,8 @@ const std::vector<HostileRow>& hostileRows() {
         {"one", {3.0}},
         {"equal", {4.0, 4.0, 4.0, 4.0}},
         {"reversed", {9.0, 7.0, 5.0, 1.0, -2.0}},
-        {"not a number", {1.0, nan, 3.0, nan, nan, 6.0}},
-        {"only not a number", {nan, nan, nan}},
+        {"not a number", {1.0, notANumber, 3.0, notANumber, notANumber, 6.0}},
+        {"only not a number", {notANumber, notANumber, notANumber}},
         {"infinite", {1.0, infinity, 2.0, -infinity, 3.0}},
         {"only infinite", {-infinity, infinity}},
         {"both zeros", {0.0, -0.0, 0.0}},

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "SortedRows.h"
+
+#include "SideView.h"
+
+#include <limits>
+
+namespace zembra {
+
+std::vector<double> gathered(std::span<const double> values, std::span<const std::size_t> order) {
+    std::vector<double> result;
+    result.reserve(order.size());
+    for (const std::size_t i : order)
+        result.push_back(values[i]);
+    return result;
+}
+
+double closestStep(std::span<const double> ascending, const Scale& scale) {
+    double closest = std::numeric_limits<double>::infinity();
+    double before = std::numeric_limits<double>::quiet_NaN();
+    for (const double position : ascending) {
+        const double even = scale.transform(position);
+        if (!std::isfinite(even))
+            continue;
+        const double step = even - before;
+        if (step > 0.0 && step < closest)
+            closest = step;
+        before = even;
+    }
+    return std::isfinite(closest) ? closest : 1.0;
+}
+
+Interval widened(double position, double width, const Scale& scale) {
+    Interval covered;
+    const double even = scale.transform(position);
+    for (const double end : {even - 0.5 * width, even + 0.5 * width}) {
+        const double value = scale.invTransform(end);
+        covered.include(scale.contains(value) ? value : position);
+    }
+    return covered;
+}
+
+SampleRange rangeBetween(std::span<const double> ascending, const ScaleMap& map, double low,
+                         double high) {
+    const auto [least, greatest] = std::minmax({map.invTransform(low), map.invTransform(high)});
+    if (std::isnan(least) || std::isnan(greatest))
+        return {0, ascending.size()};
+    const auto first = std::lower_bound(ascending.begin(), ascending.end(), least);
+    const auto last = std::upper_bound(first, ascending.end(), greatest);
+    return {static_cast<std::size_t>(first - ascending.begin()),
+            static_cast<std::size_t>(last - ascending.begin())};
+}
+
+std::optional<NearestSample> nearestPoint(const Samples& samples, const Point& pixel,
+                                          const ScaleMap& x, const ScaleMap& y) {
+    const Rect area = areaOf(x, y);
+    const auto distance = [&](std::size_t i) {
+        const Point p{heldPixel(x, samples.x(i)), heldPixel(y, samples.y(i))};
+        return area.contains(p) ? std::hypot(p.x - pixel.x, p.y - pixel.y)
+                                : std::numeric_limits<double>::quiet_NaN();
+    };
+    std::optional<FoundSample> found;
+    if (samples.isSorted()) {
+        const auto gap = [&](std::size_t i) {
+            return std::abs(heldPixel(x, samples.x(i)) - pixel.x);
+        };
+        const double start = x.invTransform(pixel.x);
+        found = nearestAround(std::isnan(start) ? 0 : samples.lowerBound(start),
+                              {0, samples.size()}, gap, distance);
+    } else {
+        found = nearestOfAll(samples.size(), distance);
+    }
+    if (!found)
+        return std::nullopt;
+    return NearestSample{found->index, samples.x(found->index), samples.y(found->index),
+                         found->distance};
+}
+
+} // namespace zembra
