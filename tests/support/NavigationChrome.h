@@ -87,7 +87,12 @@ struct NavigationChrome {
         return qMax(0, qMin(x, qMax(pointerRow()->width() - width, 0)));
     }
 
+    /// The size that a window's layout asks for, also where the layouts inside it still have to
+    /// hand on a change.
     static QSize naturalSize(const QWidget& window) {
+        const QList<QLayout*> layouts = window.findChildren<QLayout*>();
+        for (auto inner = layouts.crbegin(); inner != layouts.crend(); ++inner)
+            (*inner)->activate();
         const QLayout* layout = window.layout();
         QSize size = window.sizeHint();
         size.setHeight(layout->totalHeightForWidth(size.width()));
