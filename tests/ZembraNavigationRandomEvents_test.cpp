@@ -229,6 +229,12 @@ private:
         const auto [key, modifier] = keys[static_cast<std::size_t>(below(int(keys.size())))];
         if (!target)
             return;
+        // Keys arrive where the focus is; what lies under a popup cannot have it.
+        target->activateWindow();
+        target->setFocus();
+        QCoreApplication::processEvents();
+        if (QApplication::focusWidget() != target)
+            return;
         trace
             << QStringLiteral("  %1 on %2").arg(QKeySequence(key).toString(), target->objectName());
         const bool inCoach = target->window() == chrome.coach();
