@@ -9,20 +9,12 @@ namespace zembra {
 
 namespace {
 
-constexpr int stripsPerColumn = 8;
+constexpr int stripsPerColumn = 16;
 // Columns filled together, so that a row of them is a line of the processor's cache.
 constexpr int tileColumns = 16;
 constexpr float nothing = 1e9f;
 // Thinner strokes are drawn as wide as this, and fainter.
 constexpr double thinnest = 0.5;
-
-std::uint32_t pixelOf(const Color& color, unsigned alpha) {
-    const std::array<std::uint8_t, 4> bytes{color.red(), color.green(), color.blue(),
-                                            static_cast<std::uint8_t>(alpha)};
-    std::uint32_t pixel = 0;
-    std::memcpy(&pixel, bytes.data(), bytes.size());
-    return pixel;
-}
 
 // Replaces each value by the extreme of it and the `window - 1` that follow, from which one more
 // pass makes any window.
@@ -41,6 +33,11 @@ void slide(std::vector<float>& values, std::vector<float>& scratch, std::size_t 
         values.swap(scratch);
         reached += stride;
     }
+}
+
+// Whether the stroke of a segment is as good as its path, widened sideways by the pen.
+bool isSteep(double dx, double dy) {
+    return std::abs(dx) <= 1.0 / stripsPerColumn || std::abs(dy) > 6.0 * std::abs(dx);
 }
 
 float lesser(float a, float b) {
@@ -63,8 +60,8 @@ void ColumnRaster::begin(const Rect& area, double penWidth) {
     strips = columns * stripsPerColumn;
     pieces = 0;
     // Steep parts beside the picture still reach into it by half the pen.
-    const std::size_t lines =
-        static_cast<std::size_t>(strips + 2 * std::ceil(half * stripsPerColumn) + 1);
+    reach = static_cast<int>(std::ceil(half * stripsPerColumn));
+    const auto lines = static_cast<std::size_t>(strips + 2 * reach + 1);
     for (Layer& layer : layers) {
         layer.low.assign(static_cast<std::size_t>(strips), nothing);
         layer.high.assign(static_cast<std::size_t>(strips), -nothing);
@@ -97,8 +94,7 @@ void ColumnRaster::add(std::span<const Point> piece) {
         const Point& c = piece[i + 1];
         const double abx = b.x - a.x, aby = b.y - a.y;
         const double bcx = c.x - b.x, bcy = c.y - b.y;
-        const double limit = 1.0 / stripsPerColumn;
-        if (std::abs(abx) <= limit && std::abs(bcx) <= limit)
+        if (isSteep(abx, aby) && isSteep(bcx, bcy))
             continue;
         const double ab = std::sqrt(abx * abx + aby * aby);
         const double bc = std::sqrt(bcx * bcx + bcy * bcy);
@@ -114,8 +110,8 @@ void ColumnRaster::add(std::span<const Point> piece) {
 void ColumnRaster::addSegment(Layer& layer, const Point& a, const Point& b) {
     const double dx = b.x - a.x;
     const double dy = b.y - a.y;
-    if (std::abs(dx) <= 1.0 / stripsPerColumn) {
-        addSteep(layer, 0.5 * (a.x + b.x), a.y, b.y);
+    if (isSteep(dx, dy)) {
+        addSteep(layer, a, b);
         return;
     }
     const double length = std::sqrt(dx * dx + dy * dy);
@@ -146,25 +142,36 @@ void ColumnRaster::addEdge(Layer& layer, Point a, Point b) {
     }
 }
 
-void ColumnRaster::addSteep(Layer& layer, double x, double y1, double y2) {
-    const double line =
-        std::round((x - left) * stripsPerColumn) + std::ceil(half * stripsPerColumn);
-    if (!(line >= 0.0 && line < static_cast<double>(layer.steepLow.size())))
+void ColumnRaster::addSteep(Layer& layer, Point a, Point b) {
+    if (a.x > b.x)
+        std::swap(a, b);
+    const double u1 = (a.x - left) * stripsPerColumn + reach;
+    const double u2 = (b.x - left) * stripsPerColumn + reach;
+    const double limit = static_cast<double>(layer.steepLow.size()) - 1.0;
+    if (!(u2 >= 0.0 && u1 <= limit))
         return;
-    const auto s = static_cast<std::size_t>(line);
-    layer.steepLow[s] = lesser(layer.steepLow[s], static_cast<float>(std::min(y1, y2) - top));
-    layer.steepHigh[s] = greater(layer.steepHigh[s], static_cast<float>(std::max(y1, y2) - top));
+    // Each line takes the part of the segment that is nearer to it than to its neighbours.
+    const int first = static_cast<int>(std::max(u1, 0.0) + 0.5);
+    const int last = static_cast<int>(std::min(u2, limit) + 0.5);
+    const double slope = u2 > u1 ? (b.y - a.y) / (u2 - u1) : 0.0;
+    double y = a.y - top;
+    for (int i = first; i <= last; ++i) {
+        const double next = i == last ? b.y - top : a.y - top + (i + 0.5 - u1) * slope;
+        const auto s = static_cast<std::size_t>(i);
+        layer.steepLow[s] = lesser(layer.steepLow[s], static_cast<float>(std::min(y, next)));
+        layer.steepHigh[s] = greater(layer.steepHigh[s], static_cast<float>(std::max(y, next)));
+        y = next;
+    }
 }
 
 void ColumnRaster::widen(Layer& layer) {
-    const auto reach = static_cast<std::size_t>(std::ceil(half * stripsPerColumn));
     const std::size_t window = std::max<std::size_t>(
         1, static_cast<std::size_t>(std::round(2.0 * half * stripsPerColumn)));
-    slide(layer.steepLow, scratchLow, window, lesser);
-    slide(layer.steepHigh, scratchHigh, window, greater);
+    slide(layer.steepLow, scratch, window, [](float a, float b) { return lesser(a, b); });
+    slide(layer.steepHigh, scratch, window, [](float a, float b) { return greater(a, b); });
     // The strip after line i is met by the lines from i + 1 - window / 2 on; lines begin `reach`
     // before the picture.
-    const std::size_t shift = reach + 1 - (window + 1) / 2;
+    const std::size_t shift = static_cast<std::size_t>(reach) + 1 - (window + 1) / 2;
     const auto thickness = static_cast<float>(2.0 * half);
     for (std::size_t s = 0; s < layer.low.size(); ++s) {
         float low = layer.steepLow[s + shift];
@@ -257,20 +264,22 @@ void ColumnRaster::fillTile(int tile, int firstRow, int height, const Color& col
     std::array<float, tileColumns> sum{};
     std::array<std::uint32_t, tileColumns> line{};
     const auto scale = static_cast<float>(color.alpha() * strength / stripsPerColumn);
-    const std::uint32_t rgb = pixelOf(color, 0);
-    const std::uint32_t alphaUnit = pixelOf(Color(0, 0, 0, 0), 1);
+    const std::uint32_t rgb = packedPixel(color, 0);
     for (int row = 0; row < height; ++row) {
         const float* cells = tileCover.data() + static_cast<std::size_t>(row) * tileColumns;
         for (std::size_t i = 0; i < tileColumns; ++i) {
             sum[i] += cells[i];
-            const auto alpha = static_cast<std::uint32_t>(
-                static_cast<std::int32_t>(std::max(sum[i], 0.0f) * scale + 0.5f));
-            line[i] = rgb + alpha * alphaUnit;
+            const auto alpha = static_cast<std::int32_t>(sum[i] * scale + 0.5f);
+            line[i] = rgb | (static_cast<std::uint32_t>(alpha) << alphaShift);
         }
-        std::memcpy(pixels + (static_cast<std::size_t>(row) * static_cast<std::size_t>(stride) +
-                              static_cast<std::size_t>(tile)) *
-                                 4,
-                    line.data(), static_cast<std::size_t>(count) * 4);
+        std::uint8_t* target =
+            pixels + (static_cast<std::size_t>(row) * static_cast<std::size_t>(stride) +
+                      static_cast<std::size_t>(tile)) *
+                         4;
+        if (count == tileColumns)
+            std::memcpy(target, line.data(), sizeof line);
+        else
+            std::memcpy(target, line.data(), static_cast<std::size_t>(count) * 4);
     }
 }
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "PictureStore.h"
+#include "Picture.h"
 
-#include <zembra/paint/Color.h>
 #include <zembra/paint/Geometry.h>
 
 #include <array>
@@ -12,16 +11,6 @@
 #include <vector>
 
 namespace zembra {
-
-/// A finished picture, ready for `Painter::drawImage`.
-struct Picture {
-    PictureBuffer buffer;
-    int width = 0;
-    int height = 0;
-    /// Where its top-left corner belongs, in whole pixels.
-    int x = 0;
-    int y = 0;
-};
 
 /// Draws strokes of paths that run from left to right, or from right to left, into a picture: each
 /// pixel is blended once by the share that the whole stroke covers of it, however often the path
@@ -53,7 +42,7 @@ private:
 
     void addSegment(Layer& layer, const Point& a, const Point& b);
     void addEdge(Layer& layer, Point a, Point b);
-    void addSteep(Layer& layer, double x, double y1, double y2);
+    void addSteep(Layer& layer, Point a, Point b);
     void widen(Layer& layer);
     void fillTile(int tile, int top, int rows, const Color& color, std::uint8_t* pixels,
                   int firstColumn, int columns, int stride);
@@ -65,9 +54,11 @@ private:
     double half = 0.5;
     double strength = 1.0;
     int strips = 0;
+    // Lines between strips that lie before the picture.
+    int reach = 0;
     std::array<Layer, 2> layers;
     std::size_t pieces = 0;
-    std::vector<float> scratchLow, scratchHigh;
+    std::vector<float> scratch;
     std::vector<float> tileCover;
 };
 

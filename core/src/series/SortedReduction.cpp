@@ -18,11 +18,15 @@ using Domain = ExtentIndex::Domain;
 
 constexpr double gap = std::numeric_limits<double>::quiet_NaN();
 // Fine enough that the place of a spike within its pixel shows in the shades of its edges.
-constexpr std::size_t stripsPerColumn = 8;
-// From here on, the extremes of a strip are asked of the index.
-constexpr std::size_t fewSamples = 2 * ExtentIndex::blockSize;
+constexpr std::size_t finestStrips = 8;
+// Coarse enough to be quick where every strip has its own spikes anyhow.
+constexpr std::size_t coarsestStrips = 4;
+// Up to here, all samples of a strip are taken.
+constexpr std::size_t fewSamples = 4;
+// Up to here, the extremes of a strip are placed where they are.
+constexpr std::size_t someSamples = 32;
 // From here on, moving the ends of a strip to those of an index block moves nothing visibly.
-constexpr std::size_t manySamples = 32 * ExtentIndex::blockSize;
+constexpr std::size_t manySamples = 8 * ExtentIndex::blockSize;
 
 // Which samples the scale can place, if the index knows them.
 std::optional<Domain> domainOf(const Samples::Store& store, const Scale& scale) {
@@ -47,16 +51,21 @@ public:
     void run(double left, double right) {
         const double firstColumn = std::floor(left);
         const double lastColumn = std::ceil(right);
-        const auto strips = static_cast<std::size_t>(lastColumn - firstColumn) * stripsPerColumn;
+        const auto columns = static_cast<std::size_t>(lastColumn - firstColumn);
         const bool forward = (xMap.p2() > xMap.p1()) == (xMap.s2() > xMap.s1());
+        const std::size_t begin = lowerBoundNear(
+            store, x, 0, store.count, 0, xMap.invTransform(forward ? firstColumn : lastColumn));
+        const std::size_t end =
+            lowerBoundNear(store, x, begin, store.count, store.count,
+                           xMap.invTransform(forward ? lastColumn : firstColumn));
+        const bool coarse = (end - begin) / columns >= finestStrips * manySamples;
+        const std::size_t perColumn = coarse ? coarsestStrips : finestStrips;
+        const std::size_t strips = columns * perColumn;
         const auto edge = [&](std::size_t i) {
-            const double offset = static_cast<double>(i) / stripsPerColumn;
+            const double offset = static_cast<double>(i) / static_cast<double>(perColumn);
             return forward ? firstColumn + offset : lastColumn - offset;
         };
         const auto value = [&](std::size_t i) { return xMap.invTransform(edge(i)); };
-        const std::size_t begin = lowerBoundNear(store, x, 0, store.count, 0, value(0));
-        const std::size_t end =
-            lowerBoundNear(store, x, begin, store.count, store.count, value(strips));
         const std::size_t from = begin > 0 ? begin - 1 : 0;
         const std::size_t to = std::min(end + 1, store.count);
         if (end - begin <= 2 * strips) {
@@ -74,7 +83,7 @@ public:
                                                     std::min(first + average, end), value(i + 1));
             if (i + 1 < strips && last - first > manySamples)
                 last = roundedToBlock(last, end);
-            addStrip(first, last, 0.5 * (edge(i) + edge(i + 1)));
+            addStrip(first, last, edge(i), edge(i + 1));
             first = last;
         }
         addEach(end, to);
@@ -102,8 +111,9 @@ private:
             path.push_back({gap, gap});
     }
 
-    void addSample(std::size_t i) {
-        const std::size_t s = store.slot(i);
+    void addSample(std::size_t i) { addSlot(store.slot(i)); }
+
+    void addSlot(std::size_t s) {
         const double v = y[s];
         const double px = toX(x[s]);
         if (placeable(v) && std::isfinite(px))
@@ -117,61 +127,62 @@ private:
             addSample(i);
     }
 
-    void addStrip(std::size_t first, std::size_t last, double middle) {
-        const std::size_t count = last - first;
-        if (count <= 4) {
+    void addStrip(std::size_t first, std::size_t last, double begin, double end) {
+        if (last - first <= fewSamples)
             addEach(first, last);
-            return;
-        }
-        addSample(first);
-        if (count < fewSamples)
-            addExtremes(first, last);
+        else if (last - first <= someSamples)
+            addLocated(first, last);
         else
-            addIndexed(first, last, middle);
+            addIndexed(first, last, begin, end);
+    }
+
+    void addLocated(std::size_t first, std::size_t last) {
+        std::size_t least = first;
+        std::size_t greatest = first;
+        double low = std::numeric_limits<double>::infinity();
+        double high = -low;
+        store.rows(first, last, [&](std::size_t begin, std::size_t end) {
+            for (std::size_t s = begin; s < end; ++s) {
+                const double v = y[s];
+                if (v < low && placeable(v)) {
+                    low = v;
+                    least = s;
+                }
+                if (v > high && placeable(v)) {
+                    high = v;
+                    greatest = s;
+                }
+            }
+        });
+        addSample(first);
+        if (low <= high) {
+            const bool lowFirst =
+                x[least] < x[greatest] || (x[least] == x[greatest] && least < greatest);
+            addSlot(lowFirst ? least : greatest);
+            addSlot(lowFirst ? greatest : least);
+        }
         addSample(last - 1);
     }
 
-    // Few enough samples to see where their extremes are.
-    void addExtremes(std::size_t first, std::size_t last) {
-        std::size_t least = last;
-        std::size_t greatest = last;
-        double low = std::numeric_limits<double>::infinity();
-        double high = -low;
-        for (std::size_t i = first; i < last; ++i) {
-            const double v = y[store.slot(i)];
-            if (!placeable(v))
-                continue;
-            if (v < low) {
-                low = v;
-                least = i;
-            }
-            if (v > high) {
-                high = v;
-                greatest = i;
-            }
-        }
-        if (least == last)
-            return;
-        addSample(std::min(least, greatest));
-        addSample(std::max(least, greatest));
-    }
-
-    // The index knows the extremes, not their places: the shorter way through both is taken.
-    void addIndexed(std::size_t first, std::size_t last, double middle) {
+    void addIndexed(std::size_t first, std::size_t last, double begin, double end) {
         const Interval extent = store.extent(domain, first, last);
-        if (extent.isEmpty())
+        const double in = y[store.slot(first)];
+        const double out = y[store.slot(last - 1)];
+        // Where the strip rises or falls as a whole, its ends are all there is to know.
+        const bool smooth = std::min(in, out) == extent.min && std::max(in, out) == extent.max;
+        if (smooth || extent.isEmpty()) {
+            addSample(first);
+            addSample(last - 1);
             return;
-        const double begin = y[store.slot(first)];
-        const double end = y[store.slot(last - 1)];
-        const double low = toY(extent.min);
-        const double high = toY(extent.max);
-        if (begin <= end) {
-            add(middle, low);
-            add(middle, high);
-        } else {
-            add(middle, high);
-            add(middle, low);
         }
+        if (!placeable(in))
+            addGap();
+        // The index knows the extremes, not their places; they are likely to lie on the way.
+        const bool up = in <= out;
+        add(0.75 * begin + 0.25 * end, toY(up ? extent.min : extent.max));
+        add(0.25 * begin + 0.75 * end, toY(up ? extent.max : extent.min));
+        if (!placeable(out))
+            addGap();
     }
 
     const Samples::Store& store;

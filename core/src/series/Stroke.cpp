@@ -3,6 +3,7 @@
 
 #include "Clip.h"
 #include "ColumnRaster.h"
+#include "MaskRaster.h"
 #include "Simplify.h"
 
 #include <algorithm>
@@ -16,9 +17,10 @@ namespace {
 // Raster engines lose precision or break beyond this many pixels.
 constexpr double farthest = 16000.0;
 // No eye sees a line move by this much.
-constexpr double tolerance = 0.05;
+constexpr double tolerance = 0.025;
 // Strokers take time that grows with the square of the points when a pen is wider than a pixel.
 constexpr std::size_t chunkSize = 16;
+constexpr double chunkLength = 300.0;
 
 bool isFinite(const Point& p) {
     return std::isfinite(p.x) && std::isfinite(p.y);
@@ -123,18 +125,29 @@ bool isDashed(const Pen& pen) {
            !pen.dashPattern().empty();
 }
 
-// Whether a picture is cheaper than polylines, by the measure of what strokers and fillers cost.
-bool isDense(const Stroke& stroke, const Rect& area) {
+// Whether a picture is cheaper than polylines, by the measure of what strokers and fillers cost:
+// with a wide pen a stroker pays for every pixel of a steep path, and what must not overlap itself
+// cannot be drawn in chunks.
+bool isDense(const Stroke& stroke, const Rect& area, bool wide, bool inOnePiece) {
     const auto size = static_cast<double>(stroke.size());
-    return size > 0.5 * area.width && size + stroke.length() / 40.0 > 1.5 * area.width;
+    if (size < 4.0)
+        return false;
+    const double length = stroke.length();
+    if (inOnePiece && wide)
+        return size > 64.0 || length > 4.0 * area.width;
+    if (wide && length > 8.0 * area.width)
+        return true;
+    return size > 0.5 * area.width && size + length / 40.0 > 1.5 * area.width;
 }
 
-void drawPicture(Painter& painter, const Picture& picture, FrameBuffers& buffers) {
-    if (!picture.buffer.memory)
-        return;
-    buffers.push_back(picture.buffer.memory);
-    painter.drawImage(picture.buffer.pixels, picture.width, picture.height,
-                      picture.x + 0.5 * picture.width, picture.y + 0.5 * picture.height);
+template <class Raster>
+Picture rastered(const Stroke& stroke, const Rect& area, double width, const Color& color) {
+    // Kept from frame to frame for its memory.
+    thread_local Raster raster;
+    raster.begin(area, width);
+    for (std::size_t i = 0; i < stroke.pieceCount(); ++i)
+        raster.add(stroke.piece(i));
+    return raster.finish(color);
 }
 
 void drawDot(Painter& painter, const Point& centre, double width, const Color& color,
@@ -145,20 +158,34 @@ void drawDot(Painter& painter, const Point& centre, double width, const Color& c
         painter.fillRect(dot, color);
 }
 
-void drawPiece(Painter& painter, std::span<const Point> piece, bool inChunks) {
-    if (!inChunks) {
-        painter.drawPolyline({piece.begin(), piece.end()});
-        return;
+double distance(const Point& a, const Point& b) {
+    return std::hypot(b.x - a.x, b.y - a.y);
+}
+
+// Hands a piece over in chunks that meet in the middle of a segment, the longest around, so that
+// neither joins nor ends show where.
+void drawInChunks(Painter& painter, std::span<const Point> piece) {
+    std::vector<Point> chunk{piece.front()};
+    double length = 0.0;
+    double longest = 0.0;
+    for (std::size_t i = 1; i < piece.size(); ++i) {
+        const double step = distance(piece[i - 1], piece[i]);
+        length += step;
+        longest = std::max(longest, step);
+        const bool full = chunk.size() >= chunkSize || length > chunkLength;
+        const bool roomy = step > 0.5 * longest || chunk.size() >= 2 * chunkSize;
+        if (full && roomy && chunk.size() > 1) {
+            const Point middle{0.5 * (piece[i - 1].x + piece[i].x),
+                               0.5 * (piece[i - 1].y + piece[i].y)};
+            chunk.push_back(middle);
+            painter.drawPolyline(chunk);
+            chunk.assign(1, middle);
+            length = 0.5 * step;
+            longest = 0.0;
+        }
+        chunk.push_back(piece[i]);
     }
-    // Each chunk begins with the last segment of the one before, so that the join is drawn.
-    for (std::size_t begin = 0; begin + 1 < piece.size();) {
-        const std::size_t end = std::min(begin + chunkSize, piece.size());
-        painter.drawPolyline({piece.begin() + static_cast<std::ptrdiff_t>(begin),
-                              piece.begin() + static_cast<std::ptrdiff_t>(end)});
-        if (end == piece.size())
-            break;
-        begin = end - 2;
-    }
+    painter.drawPolyline(chunk);
 }
 
 } // namespace
@@ -175,23 +202,25 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
     thread_local Stroke stroke;
     stroke.clip(path, limits);
     stroke.simplifyPieces();
-    if (isDense(stroke, area) && stroke.runsOneWay()) {
-        thread_local ColumnRaster raster;
-        raster.begin(area, width);
-        for (std::size_t i = 0; i < stroke.pieceCount(); ++i)
-            raster.add(stroke.piece(i));
-        drawPicture(painter, raster.finish(pen.color()), buffers);
+    const bool dashed = isDashed(pen);
+    // Chunks that overlap would show in translucent colours, and interrupt dashes.
+    const bool inOnePiece = pen.color().alpha() < 255 || dashed;
+    if (isDense(stroke, area, width > 1.0, inOnePiece)) {
+        if (stroke.runsOneWay())
+            drawPicture(painter, rastered<ColumnRaster>(stroke, area, width, pen.color()), buffers);
+        else
+            drawPicture(painter, rastered<MaskRaster>(stroke, area, width, pen.color()), buffers);
         return;
     }
     painter.setPen(pen);
-    // Overlapping chunks would show in translucent colours, and interrupt dashes.
-    const bool inChunks = width > 1.0 && pen.color().alpha() == 255 && !isDashed(pen);
+    const bool inChunks = width > 1.0 && !inOnePiece;
     for (std::size_t i = 0; i < stroke.pieceCount(); ++i) {
         const auto piece = stroke.piece(i);
         if (piece.size() == 1)
             drawDot(painter, piece.front(), width, pen.color(), area);
         else
-            drawPiece(painter, piece, inChunks);
+            inChunks ? drawInChunks(painter, piece)
+                     : painter.drawPolyline({piece.begin(), piece.end()});
     }
 }
 
