@@ -7,5 +7,8 @@
 #include <zembra/scale/NumberFormat.h>
 #include <zembra/series/BarSeries.h>
 #include <zembra/series/Canvas.h>
+#include <zembra/series/ColorMap.h>
+#include <zembra/series/ColorScale.h>
+#include <zembra/series/HeatMapSeries.h>
 #include <zembra/series/LineSeries.h>
 #include <zembra/series/ScatterSeries.h>

@@ -66,6 +66,10 @@ std::optional<NearestSample> Series::nearest(const Point&, const ScaleMap&, cons
     return std::nullopt;
 }
 
+const ColorScale* Series::colorScale() const {
+    return nullptr;
+}
+
 std::uint64_t Series::revision() const {
     return d->revision;
 }

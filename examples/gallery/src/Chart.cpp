@@ -4,7 +4,7 @@
 namespace gallery {
 
 std::vector<Chapter> chapters() {
-    return {lineCharts(), scaleCharts(), themeCharts()};
+    return {lineCharts(), fieldCharts(), scaleCharts(), themeCharts()};
 }
 
 } // namespace gallery

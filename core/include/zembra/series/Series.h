@@ -16,6 +16,7 @@
 namespace zembra {
 
 class Canvas;
+class ColorScale;
 
 /// What part of the data plane something covers.
 struct Bounds {
@@ -80,6 +81,10 @@ public:
     /// The visible sample nearest to `pixel`, if the series has any; for cursors and tool tips.
     virtual std::optional<NearestSample> nearest(const Point& pixel, const ScaleMap& x,
                                                  const ScaleMap& y) const;
+
+    /// How the series turns values into colours, for a colour bar beside the canvas; null, as at
+    /// first, where it does not. Lives as long as the series.
+    virtual const ColorScale* colorScale() const;
 
     /// Counts changes: another number means that bounds or looks may differ.
     virtual std::uint64_t revision() const;

@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: MIT
+#include <zembra/series/HeatMapSeries.h>
+
+#include "support/HostileNumbers.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <numeric>
+#include <vector>
+
+using namespace zembra;
+using namespace zembra::test;
+
+namespace {
+
+// Remembers the last picture itself; everything else goes nowhere.
+class PicturePainter : public RecordingPainter {
+public:
+    void drawImage(const unsigned char* rgba, int width, int height, double cx,
+                   double cy) override {
+        address = rgba;
+        columns = width;
+        rows = height;
+        bytes.assign(rgba, rgba + static_cast<std::ptrdiff_t>(width) * height * 4);
+        RecordingPainter::drawImage(rgba, width, height, cx, cy);
+    }
+    Color at(int x, int y) const {
+        const auto* p = bytes.data() + (static_cast<std::ptrdiff_t>(y) * columns + x) * 4;
+        return {p[0], p[1], p[2], p[3]};
+    }
+
+    const unsigned char* address = nullptr;
+    int columns = 0;
+    int rows = 0;
+    std::vector<unsigned char> bytes;
+};
+
+struct View {
+    ScaleMap x{Scale::linear(), 0.0, 100.0, 0.0, 10.0};
+    ScaleMap y{Scale::linear(), 100.0, 0.0, 0.0, 10.0};
+    PicturePainter painter;
+    FrameBuffers buffers;
+
+    void draw(const Series& series) {
+        painter.clear();
+        buffers.clear();
+        Canvas canvas(painter, {0.0, 0.0, 100.0, 100.0}, x, y, {}, buffers);
+        series.draw(canvas);
+    }
+};
+
+// Values 0, 1, 2, 3: below 0 and 1, above 2 and 3, over 0..10 in both directions.
+Grid four() {
+    return Grid({0.0, 1.0, 2.0, 3.0}, 2, {0.0, 10.0}, {0.0, 10.0});
+}
+
+Color viridis(double share) {
+    return ColorMap::viridis().at(share);
+}
+
+} // namespace
+
+TEST(HeatMapSeries, IsOnePictureOfTheCanvas) {
+    Stage stage;
+    EXPECT_EQ(stage.draw(HeatMapSeries(four())), "drawImage 100x100 50,50\n");
+}
+
+TEST(HeatMapSeries, RowZeroIsAtTheFirstYAndColumnZeroAtTheFirstX) {
+    View view;
+    view.draw(HeatMapSeries(four()));
+    EXPECT_EQ(view.painter.at(0, 99), viridis(0.0));
+    EXPECT_EQ(view.painter.at(49, 50), viridis(0.0));
+    EXPECT_EQ(view.painter.at(50, 50), viridis(1.0 / 3.0));
+    EXPECT_EQ(view.painter.at(49, 49), viridis(2.0 / 3.0));
+    EXPECT_EQ(view.painter.at(99, 0), viridis(1.0));
+}
+
+TEST(HeatMapSeries, TurnsWithItsSpansAndWithTheAxes) {
+    View view;
+    view.draw(HeatMapSeries(Grid({0.0, 1.0, 2.0, 3.0}, 2, {10.0, 0.0}, {10.0, 0.0})));
+    EXPECT_EQ(view.painter.at(0, 99), viridis(1.0));
+    EXPECT_EQ(view.painter.at(99, 0), viridis(0.0));
+    view.x = ScaleMap(Scale::linear(), 0.0, 100.0, 10.0, 0.0);
+    view.draw(HeatMapSeries(four()));
+    EXPECT_EQ(view.painter.at(99, 99), viridis(0.0));
+    EXPECT_EQ(view.painter.at(0, 99), viridis(1.0 / 3.0));
+}
+
+TEST(HeatMapSeries, PixelsBesideTheGridAreTransparent) {
+    View view;
+    view.draw(HeatMapSeries(Grid({1.0, 2.0}, 2, {2.0, 4.0}, {5.0, 6.0})));
+    EXPECT_EQ(view.painter.at(19, 45), Color(0, 0, 0, 0));
+    EXPECT_EQ(view.painter.at(20, 45), viridis(0.0));
+    EXPECT_EQ(view.painter.at(39, 45), viridis(1.0));
+    EXPECT_EQ(view.painter.at(40, 45), Color(0, 0, 0, 0));
+    EXPECT_EQ(view.painter.at(30, 39), Color(0, 0, 0, 0));
+    EXPECT_EQ(view.painter.at(30, 50), Color(0, 0, 0, 0));
+}
+
+TEST(HeatMapSeries, AnUnchangedViewHandsOverTheSameBufferAndAChangedOneAnother) {
+    View view;
+    HeatMapSeries series(four());
+    view.draw(series);
+    const auto* first = view.painter.address;
+    view.draw(series);
+    EXPECT_EQ(view.painter.address, first);
+
+    view.x = ScaleMap(Scale::linear(), 0.0, 100.0, 0.0, 9.0);
+    view.draw(series);
+    const auto* panned = view.painter.address;
+    EXPECT_NE(panned, first);
+
+    ColorScale colors(ColorMap::magma());
+    series.setColorScale(colors);
+    view.draw(series);
+    EXPECT_NE(view.painter.address, panned);
+    EXPECT_EQ(view.painter.at(0, 99), ColorMap::magma().at(0.0));
+    const auto* recolored = view.painter.address;
+
+    series.setGrid(Grid({5.0, 6.0}, 2, {0.0, 10.0}, {0.0, 10.0}));
+    view.draw(series);
+    EXPECT_NE(view.painter.address, recolored);
+}
+
+TEST(HeatMapSeries, TheBufferOutlivesTheSeriesWithinTheFrame) {
+    View view;
+    {
+        const HeatMapSeries series(four());
+        view.draw(series);
+    }
+    ASSERT_EQ(view.buffers.size(), 1u);
+    EXPECT_EQ(view.buffers[0]->data(), view.painter.address);
+}
+
+TEST(HeatMapSeries, MissingValuesTakeTheirColor) {
+    ColorScale colors;
+    colors.setNanColor({9, 8, 7});
+    HeatMapSeries series(Grid({0.0, notANumber, 1.0, 2.0}, 2, {0.0, 10.0}, {0.0, 10.0}));
+    View view;
+    view.draw(series);
+    EXPECT_EQ(view.painter.at(75, 75), Color(0, 0, 0, 0));
+    series.setColorScale(colors);
+    view.draw(series);
+    EXPECT_EQ(view.painter.at(75, 75), Color(9, 8, 7));
+    EXPECT_EQ(view.painter.at(25, 75), viridis(0.0));
+}
+
+TEST(HeatMapSeries, PixelsOverManyCellsTakeTheirMeanWithoutTheMissingOnes) {
+    // A thousand columns of 0, 1, 2, 3, missing …: each pixel covers ten of them.
+    std::vector<double> values(1000);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = i % 5 == 4 ? notANumber : static_cast<double>(i % 5);
+    HeatMapSeries series(Grid(values, 1000, {0.0, 10.0}, {0.0, 10.0}));
+    View view;
+    view.draw(series);
+    for (int x = 0; x < 100; ++x) {
+        EXPECT_NE(view.painter.at(x, 50), Color(0, 0, 0, 0)) << x;
+        EXPECT_NE(view.painter.at(x, 50), viridis(0.0)) << x;
+        EXPECT_NE(view.painter.at(x, 50), viridis(1.0)) << x;
+    }
+}
+
+TEST(HeatMapSeries, NearestSamplingShowsOnlyValuesThatExist) {
+    std::vector<double> values(1000);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = i % 2 == 0 ? -3.0 : 3.0;
+    HeatMapSeries series(Grid(values, 1000, {0.0, 10.0}, {0.0, 10.0}));
+    View view;
+    view.draw(series);
+    EXPECT_NE(view.painter.at(50, 50), viridis(0.0));
+    EXPECT_NE(view.painter.at(50, 50), viridis(1.0));
+    series.setSampling(HeatMapSampling::Nearest);
+    view.draw(series);
+    for (int x = 0; x < 100; ++x)
+        EXPECT_TRUE(view.painter.at(x, 50) == viridis(0.0) ||
+                    view.painter.at(x, 50) == viridis(1.0))
+            << x;
+}
+
+TEST(HeatMapSeries, FollowsALogarithmicAxis) {
+    View view;
+    view.x = ScaleMap(Scale::log(), 0.0, 100.0, 1.0, 100.0);
+    // Cells of 50 from -50 to 100: the one below zero has no place.
+    view.draw(HeatMapSeries(Grid({7.0, 0.0, 1.0}, 3, {-50.0, 100.0}, {0.0, 10.0})));
+    const int fifty = static_cast<int>(100.0 * std::log10(50.0) / 2.0);
+    EXPECT_EQ(view.painter.at(0, 50), viridis(0.0));
+    EXPECT_EQ(view.painter.at(fifty - 1, 50), viridis(0.0));
+    EXPECT_EQ(view.painter.at(fifty + 1, 50), viridis(1.0 / 7.0));
+}
+
+TEST(HeatMapSeries, BoundsAreTheSpansWithinTheDomain) {
+    const HeatMapSeries series(Grid({1.0, 2.0, 3.0}, 3, {30.0, -30.0}, {1.0, 2.0}));
+    const Bounds linear = series.bounds(Scale::linear(), Scale::linear());
+    EXPECT_EQ(linear.x, (Interval{-30.0, 30.0}));
+    EXPECT_EQ(linear.y, (Interval{1.0, 2.0}));
+    EXPECT_EQ(series.bounds(Scale::log(), Scale::log()).x, (Interval{20.0, 30.0}));
+}
+
+TEST(HeatMapSeries, EmptyGridsDrawNothing) {
+    const std::array grids = {
+        Grid(),
+        Grid({}, 3, {0.0, 1.0}, {0.0, 1.0}),
+        Grid({1.0, 2.0}, 0, {0.0, 1.0}, {0.0, 1.0}),
+        Grid({1.0, 2.0}, 3, {0.0, 1.0}, {0.0, 1.0}),
+        Grid({1.0}, 1, {1.0, 1.0}, {0.0, 1.0}),
+        Grid({1.0}, 1, {0.0, 1.0}, {notANumber, 1.0}),
+    };
+    for (const Grid& grid : grids) {
+        const HeatMapSeries series(grid);
+        Stage stage;
+        EXPECT_EQ(stage.draw(series), "");
+        EXPECT_TRUE(series.bounds(Scale::linear(), Scale::linear()).x.isEmpty());
+        EXPECT_FALSE(stage.nearest(series, {50.0, 50.0}));
+    }
+}
+
+TEST(HeatMapSeries, OneCellIsAnOrdinaryGrid) {
+    View view;
+    const HeatMapSeries series(Grid({4.0}, 1, {0.0, 10.0}, {0.0, 10.0}));
+    view.draw(series);
+    EXPECT_EQ(view.painter.at(0, 0), view.painter.at(99, 99));
+    EXPECT_EQ(view.painter.at(0, 0).alpha(), 255);
+}
+
+TEST(HeatMapSeries, NearestIsTheCellBelowThePixel) {
+    const HeatMapSeries series(Grid({0.0, 1.0, notANumber, 3.0}, 2, {0.0, 10.0}, {0.0, 10.0}));
+    const Stage stage;
+    const auto found = stage.nearest(series, {80.0, 75.0});
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->index, 1u);
+    EXPECT_DOUBLE_EQ(found->x, 7.5);
+    EXPECT_DOUBLE_EQ(found->y, 2.5);
+    EXPECT_NEAR(found->distance, 5.0, 1e-9);
+    EXPECT_FALSE(stage.nearest(series, {20.0, 20.0})) << "a missing value";
+    EXPECT_FALSE(stage.nearest(series, {120.0, 20.0})) << "beside the grid";
+}
+
+TEST(HeatMapSeries, TheLegendKeyShowsTheMap) {
+    Stage stage;
+    const std::string key = stage.drawKey(HeatMapSeries(four()));
+    EXPECT_NE(key.find("fillRect 0,0 4x10 #440154"), std::string::npos) << key;
+    EXPECT_NE(key.find("fillRect 16,0 4x10 #fde725"), std::string::npos) << key;
+}
+
+TEST(HeatMapSeries, TellsItsColorScaleWithTheRangeOfItsValues) {
+    HeatMapSeries series(four());
+    ASSERT_NE(series.colorScale(), nullptr);
+    EXPECT_EQ(series.colorScale()->range(), (Interval{0.0, 3.0}));
+    series.setColorScale(ColorScale(ColorMap::magma(), Scale::log()));
+    EXPECT_EQ(series.colorScale()->range(), (Interval{1.0, 3.0}));
+    const auto revision = series.revision();
+    series.setGrid(Grid({4.0, 5.0}, 1, {0.0, 1.0}, {0.0, 1.0}));
+    EXPECT_EQ(series.colorScale()->range(), (Interval{4.0, 5.0}));
+    EXPECT_NE(series.revision(), revision);
+}
+
+TEST(HeatMapSeries, BorrowedValuesAreReadWhereTheyAre) {
+    const std::vector<double> values = {0.0, 1.0, 2.0, 3.0};
+    View borrowed;
+    borrowed.draw(HeatMapSeries(Grid::borrowed(values, 2, {0.0, 10.0}, {0.0, 10.0})));
+    View owned;
+    owned.draw(HeatMapSeries(four()));
+    EXPECT_EQ(borrowed.painter.bytes, owned.painter.bytes);
+}
+
+TEST(HeatMapSeries, HostileNumbersAreHarmless) {
+    for (const HostileRow& spans : hostileRows()) {
+        const auto& s = spans.values;
+        const GridSpan span = s.size() < 2 ? GridSpan{} : GridSpan{s[0], s[1]};
+        for (const HostileRow& row : hostileRows())
+            expectHarmless(HeatMapSeries(Grid(row.values, 2, span, {0.0, 10.0})),
+                           spans.name + " / " + row.name);
+    }
+}
