@@ -363,6 +363,30 @@ private Q_SLOTS:
                                                           host.chrome.pointer()->sizeHint()));
     }
 
+    void arrowIsInPlaceAtOnceWhenTheMarkChangesSides() {
+        HostWindow host;
+        QVERIFY(host.show());
+        host.showCoach();
+        // Exactly enough room below for the rows of a plain chart, and too little for more.
+        const int wantedBottom = screenArea().bottom() - host.chrome.coach()->height();
+        host.window.move(host.window.x(),
+                         host.window.y() + wantedBottom - host.chrome.buttonRect().bottom());
+        QTRY_COMPARE(host.chrome.coach()->geometry().bottom(), screenArea().bottom());
+        QCOMPARE(host.chrome.pointerRow()->y(), 0);
+        QCoreApplication::processEvents();
+        for (int round = 0; round < 2; ++round) {
+            host.controller.setControlProfile(NavigationControlProfile::ControlPointEditing);
+            QCOMPARE(host.chrome.pointer()->text(), QStringLiteral("▼"));
+            QCOMPARE(host.chrome.pointerRow()->geometry().bottom(),
+                     host.chrome.coach()->height() - 1);
+            QCOMPARE(host.chrome.pointer()->x(), host.chrome.expectedPointerX());
+            host.controller.setControlProfile(NavigationControlProfile::Default);
+            QCOMPARE(host.chrome.pointer()->text(), QStringLiteral("▲"));
+            QCOMPARE(host.chrome.pointerRow()->y(), 0);
+            QCOMPARE(host.chrome.pointer()->x(), host.chrome.expectedPointerX());
+        }
+    }
+
     void markThatFitsNowhereStandsBelowAndIsPushedUp() {
         QFont large = usualFont;
         HostWindow host;
