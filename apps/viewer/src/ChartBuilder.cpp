@@ -212,8 +212,8 @@ private:
     std::vector<std::size_t> drawingOrder() const {
         std::vector<std::size_t> places(plan.y.size());
         std::iota(places.begin(), places.end(), std::size_t{0});
-        std::ranges::stable_partition(places,
-                                      [this](std::size_t i) { return plan.y[i].onRightAxis; });
+        std::stable_partition(places.begin(), places.end(),
+                              [this](std::size_t i) { return plan.y[i].onRightAxis; });
         return places;
     }
 
@@ -223,7 +223,7 @@ private:
         if (!hasRightAxis() || cycle.empty())
             return std::nullopt;
         const zembra::Color color = cycle[place % cycle.size()];
-        return plan.y[place].onRightAxis ? color.withAlpha(110) : color;
+        return plan.y[place].onRightAxis ? color.withAlpha(150) : color;
     }
 
     void addGroups() {

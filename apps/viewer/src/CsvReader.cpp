@@ -7,13 +7,14 @@
 
 namespace viewer {
 
-CsvReader::CsvReader(char separator, Handler handler) : handler(std::move(handler)) {
+CsvReader::CsvReader(char separator, Handler handler, std::size_t firstLine)
+    : handler(std::move(handler)) {
     // Line ends of empty lines are reported too, so that lines can be counted.
     if (csv_init(&parser, CSV_REPALL_NL) != 0)
         throw std::bad_alloc();
     csv_set_delim(&parser, static_cast<unsigned char>(separator));
     csv_set_blk_size(&parser, 4096);
-    record.line = 1;
+    record.line = firstLine;
 }
 
 CsvReader::~CsvReader() {

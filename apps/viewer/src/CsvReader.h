@@ -28,7 +28,8 @@ class CsvReader {
 public:
     using Handler = std::function<void(const Record&)>;
 
-    CsvReader(char separator, Handler handler);
+    /// `firstLine` is the line on which the first byte stands.
+    CsvReader(char separator, Handler handler, std::size_t firstLine = 1);
     CsvReader(const CsvReader&) = delete;
     CsvReader& operator=(const CsvReader&) = delete;
     ~CsvReader();

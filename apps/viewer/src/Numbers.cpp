@@ -77,8 +77,10 @@ std::optional<double> parseNumber(std::string_view text, char decimalMark) {
 }
 
 bool isMissing(std::string_view text) {
-    constexpr std::array<std::string_view, 7> marks = {"", "-", "na", "n/a", "nan", "null", "none"};
-    return text.size() <= 4 && std::ranges::any_of(marks, [text](std::string_view mark) {
+    constexpr std::array<std::string_view, 12> marks = {"",     "-",    "na",       "n/a",
+                                                        "nan",  "null", "none",     "inf",
+                                                        "+inf", "-inf", "infinity", "-infinity"};
+    return text.size() <= 9 && std::ranges::any_of(marks, [text](std::string_view mark) {
                return equalIgnoringCase(text, mark);
            });
 }

@@ -12,7 +12,8 @@ namespace viewer {
 /// Errors: none for text that is not wholly a number, and for NaN and infinities.
 std::optional<double> parseNumber(std::string_view text, char decimalMark);
 
-/// Whether the text stands for a value that is not there: empty, NA, N/A, NaN, null, None or "-".
+/// Whether the text stands for a value that cannot be drawn: empty, NA, N/A, NaN, null, None, "-"
+/// or an infinity.
 bool isMissing(std::string_view text);
 
 } // namespace viewer

@@ -142,8 +142,9 @@ std::string usage() {
 Draws a CSV or TSV file as a chart. Without FILE it shows sample charts.
 
 The first column gives x when it holds dates or numbers; every other column of numbers becomes one
-line. Separator, decimal point and header are found without being told. Columns are named as in the
-header, or by their number, 1 for the first.
+line. Separator, decimal point and header are found without being told, and so are tables that hold
+several series below each other. Columns are named as in the header, or by their number, 1 for the
+first.
 
   --x NAME         take x from this column
   --y NAME,NAME    draw these columns only

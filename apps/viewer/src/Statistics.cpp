@@ -19,7 +19,7 @@ std::vector<double> finiteOf(const std::vector<double>& values) {
 
 std::size_t distinctCount(std::vector<double> values) {
     std::ranges::sort(values);
-    return static_cast<std::size_t>(std::ranges::unique(values).begin() - values.begin());
+    return static_cast<std::size_t>(std::unique(values.begin(), values.end()) - values.begin());
 }
 
 } // namespace

@@ -20,7 +20,7 @@ namespace viewer {
 
 namespace {
 
-constexpr qint64 chunkSize = 256 * 1024;
+constexpr qint64 chunkSize = qint64{256} * 1024;
 constexpr std::size_t sampleRecords = 1000;
 constexpr std::size_t mostWords = 10000;
 
@@ -225,6 +225,22 @@ void checkEncoding(const std::string& path, std::string& head) {
     }
 }
 
+// Takes the lines of comment at the beginning, which measuring programs mark with "#", out of the
+// text. Returns their number.
+std::size_t dropComments(std::string& head) {
+    std::size_t begin = 0;
+    std::size_t lines = 0;
+    while (begin < head.size() && head[begin] == '#') {
+        const std::size_t end = head.find('\n', begin);
+        if (end == std::string::npos)
+            break;
+        begin = end + 1;
+        ++lines;
+    }
+    head.erase(0, begin);
+    return lines;
+}
+
 std::vector<std::vector<std::string>> firstRecords(std::string_view head, bool isWhole,
                                                    char separator) {
     std::vector<std::vector<std::string>> records;
@@ -247,6 +263,7 @@ Table readTable(const std::string& path, const std::optional<std::string>& wordC
     bool isWhole = false;
     std::string head = readHead(input, isWhole);
     checkEncoding(path, head);
+    const std::size_t comments = dropComments(head);
 
     const Dialect dialect = guessDialect(head, isWhole);
     const auto records = firstRecords(head, isWhole, dialect.separator);
@@ -255,7 +272,8 @@ Table readTable(const std::string& path, const std::optional<std::string>& wordC
     TableBuilder builder(path, types, dialect.decimalMark);
     if (wordColumn)
         builder.keepWords(*wordColumn);
-    CsvReader reader(dialect.separator, [&builder](const Record& record) { builder.add(record); });
+    CsvReader reader(
+        dialect.separator, [&builder](const Record& record) { builder.add(record); }, 1 + comments);
     reader.feed(head);
     if (!isWhole) {
         const double share = static_cast<double>(builder.rows()) / static_cast<double>(head.size());

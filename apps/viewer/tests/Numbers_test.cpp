@@ -36,7 +36,8 @@ TEST(Numbers, OtherTextIsNone) {
 }
 
 TEST(Numbers, MissingValuesHaveManyNames) {
-    for (const char* const text : {"", "-", "NA", "na", "N/A", "NaN", "null", "NULL", "None"})
+    for (const char* const text :
+         {"", "-", "NA", "na", "N/A", "NaN", "null", "NULL", "None", "inf", "-Inf", "Infinity"})
         EXPECT_TRUE(isMissing(text)) << text;
     for (const char* const text : {"0", "--", "nano", "no", "nil", "nothing"})
         EXPECT_FALSE(isMissing(text)) << text;

@@ -135,6 +135,14 @@ TEST(TableReader, BadFilesAreNamedWithTheirLine) {
         EXPECT_EQ(failureOf([&text = text] { tableOf(text); }), message);
 }
 
+TEST(TableReader, LinesOfCommentAtTheBeginningAreLeftOutButCounted) {
+    const std::string text = "# made by a logger\n#\nx,y\n1,2\n2,3\n3,oops\n";
+    const Table table = tableOf(text);
+    EXPECT_EQ(table.columns[0].name, "x");
+    ASSERT_TRUE(table.columns[1].firstBadCell);
+    EXPECT_EQ(table.columns[1].firstBadCell->line, 6U);
+}
+
 TEST(TableReader, SuperfluousSeparatorsAtTheEndAreFine) {
     EXPECT_EQ(tableOf("x,y\n1,2,\n3,4,,\n").rows, 2U);
 }
