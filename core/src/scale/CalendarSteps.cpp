@@ -35,7 +35,7 @@ std::vector<CalendarStep> makeSteps() {
     steps.push_back({Unit::Day, 2});
     steps.push_back({Unit::Week, 1});
     steps.push_back({Unit::HalfMonth, 1});
-    for (const int count : {1, 3, 6})
+    for (const int count : {1, 2, 3, 6})
         steps.push_back({Unit::Month, count});
     for (std::int64_t power = 1; power <= 10'000'000; power *= 10) {
         for (const int count : {1, 2, 5})

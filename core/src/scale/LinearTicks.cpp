@@ -122,6 +122,20 @@ Decimal niceStep(double min, double max, int maxMajor) {
     return step;
 }
 
+TickSet linearTicksThinned(double min, double max, double crowding, const TickRequest& request) {
+    TickRequest fewer = request;
+    if (crowding > 1.0 && crowding < majorCap)
+        fewer.maxMajor = std::max(2, static_cast<int>(request.maxMajor / crowding));
+    fewer.maxMajor = std::min(fewer.maxMajor, request.maxMajor);
+    TickSet set = linearTicks(min, max, fewer);
+    // A single tick does not tell a scale.
+    while (set.major.size() < 2 && fewer.maxMajor < request.maxMajor) {
+        ++fewer.maxMajor;
+        set = linearTicks(min, max, fewer);
+    }
+    return set;
+}
+
 const NumberFormat& formatOf(const TickRequest& request) {
     static const NumberFormat automatic;
     return request.format ? *request.format : automatic;

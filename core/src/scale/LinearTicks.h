@@ -47,6 +47,10 @@ Decimal minorStep(Decimal step);
 /// it depends on the span alone and stays the same while panning.
 TickSet linearTicks(double min, double max, const TickRequest& request);
 
+/// Linear ticks for a scale that is not linear: fewer, so that they have room at the end where they
+/// stand `crowding` times as close as on average. At least two where as many were asked for.
+TickSet linearTicksThinned(double min, double max, double crowding, const TickRequest& request);
+
 /// The format of a request, or the automatic one.
 const NumberFormat& formatOf(const TickRequest& request);
 

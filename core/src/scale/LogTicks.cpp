@@ -20,7 +20,10 @@ constexpr double fewestDecades = 0.7;
 constexpr double gapOfTwo = 0.30103;
 // The power of ten from which bases are too long to be repeated in every label.
 constexpr int longestBase = 5;
+// The same of 1, 3 and 10.
+constexpr double gapOfThree = 0.47712;
 constexpr std::array<int, 3> oneTwoFive = {1, 2, 5};
+constexpr std::array<int, 2> oneThree = {1, 3};
 constexpr std::array<int, 9> oneToNine = {1, 2, 3, 4, 5, 6, 7, 8, 9};
 
 std::string raisedText(const LogStep& step, PowerForm form, const NumberFormat& format) {
@@ -88,11 +91,14 @@ void addMultiples(std::vector<double>& values, const Powers& powers,
     }
 }
 
-TickSet oneTwoFiveTicks(double min, double max, const TickRequest& request, Side side) {
+// The powers of ten and their multiples by the factors, which begin with 1.
+template <std::size_t N>
+TickSet multipleTicks(double min, double max, const std::array<int, N>& factors,
+                      const TickRequest& request, Side side) {
     TickSet set;
     const Powers powers = powersWithin(min, max, 10.0);
     for (int power = powers.first - 1; power <= powers.last; ++power) {
-        for (const int factor : oneTwoFive)
+        for (const int factor : factors)
             addMajor(set, {10.0, factor, power}, min, max, request, side);
     }
     if (request.minor)
@@ -128,14 +134,11 @@ TickSet powerTicks(double min, double max, double base, int step, const TickRequ
     return set;
 }
 
-// Linear ticks, as many as have room where they stand closest: at the upper end.
 TickSet linearWithinDecade(double min, double max, const TickRequest& request, Side side) {
-    TickRequest fewer = request;
+    // At the upper end, they stand closest.
     const double crowding = std::log(max / min) / (1.0 - min / max);
-    if (std::isfinite(crowding) && crowding > 1.0)
-        fewer.maxMajor = std::max(2, static_cast<int>(request.maxMajor / crowding));
-    fewer.maxMajor = std::min(fewer.maxMajor, request.maxMajor);
-    return side == Side::Positive ? linearTicks(min, max, fewer) : linearTicks(-max, -min, fewer);
+    return side == Side::Positive ? linearTicksThinned(min, max, crowding, request)
+                                  : linearTicksThinned(-max, -min, crowding, request);
 }
 
 // The labels already carry their sign.
@@ -158,8 +161,12 @@ TickSet powersOrMultiples(double min, double max, double base, const TickRequest
         return powersOrMultiples(min, max, 10.0, request, side);
     if (base == 10.0 && decades < fewestDecades)
         return {};
-    if (base == 10.0 && decades * spanSlack < gapOfTwo * request.maxMajor)
-        return oneTwoFiveTicks(min, max, request, side);
+    const double room = decades * spanSlack / request.maxMajor;
+    if (base == 10.0 && room < gapOfTwo)
+        return multipleTicks(min, max, oneTwoFive, request, side);
+    // From two decades on, there are two powers at least.
+    if (base == 10.0 && room < gapOfThree && decades < 2.0)
+        return multipleTicks(min, max, oneThree, request, side);
     return powerTicks(min, max, base, niceCount(span * spanSlack / request.maxMajor), request,
                       side);
 }

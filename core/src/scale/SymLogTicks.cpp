@@ -97,17 +97,14 @@ void addMinors(TickSet& set, const Powers& powers, double min, double max) {
         set.minor.clear();
 }
 
-// Linear ticks, as many as have room where they stand closest: far from zero.
-TickSet linearTicksThinned(const SymLogScale& scale, double min, double max,
-                           const TickRequest& request) {
-    TickRequest fewer = request;
+TickSet linearNearZero(const SymLogScale& scale, double min, double max,
+                       const TickRequest& request) {
+    // Far from zero, they stand closest.
     const double top = std::max(-min, max);
-    const double average = (scale.transform(max) - scale.transform(min)) / (max - min);
+    const double average =
+        (scale.transform(max) - scale.transform(min)) / (0.5 * max - 0.5 * min) * 0.5;
     const double crowding = average * (scale.linearWidth() + top) * std::log(scale.base());
-    if (std::isfinite(crowding) && crowding > 1.0)
-        fewer.maxMajor = std::max(3, static_cast<int>(request.maxMajor / crowding));
-    fewer.maxMajor = std::min(fewer.maxMajor, request.maxMajor);
-    return linearTicks(min, max, fewer);
+    return linearTicksThinned(min, max, crowding, request);
 }
 
 } // namespace
@@ -141,7 +138,7 @@ TickSet symLogTicks(const SymLogScale& scale, double min, double max, const Tick
             addMinors(set, powers, min, max);
     }
     if (static_cast<int>(set.major.size()) < std::min(maxMajor, 2)) {
-        TickSet linear = linearTicksThinned(scale, min, max, request);
+        TickSet linear = linearNearZero(scale, min, max, request);
         if (linear.major.size() >= set.major.size())
             return linear;
     }

@@ -27,6 +27,14 @@ struct ToldTime {
 };
 std::optional<ToldTime> readTime(const Tick& tick);
 
+/// How many random ranges a test tries: fewer where nothing is optimised, since the checks, not the
+/// ticks, would take minutes.
+#ifdef NDEBUG
+inline constexpr int randomRangeCount = 200'000;
+#else
+inline constexpr int randomRangeCount = 20'000;
+#endif
+
 /// Ranges of every magnitude, span and position, the same ones in every run.
 class RandomRanges {
 public:
