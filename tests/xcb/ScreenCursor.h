@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QPoint>
+#include <qwindowdefs.h>
 
 // After all of Qt's: these headers define words such as KeyPress and None.
 #include <X11/extensions/Xfixes.h>
@@ -32,4 +34,18 @@ inline QByteArray screenCursor() {
     }
     XCloseDisplay(display);
     return result;
+}
+
+/// Where the top-left corner of a window is on the screen by the server's account, which Qt hears
+/// of with a delay.
+inline QPoint screenOrigin(WId window) {
+    Display* display = XOpenDisplay(nullptr);
+    if (!display)
+        return {};
+    int x = 0;
+    int y = 0;
+    Window child = 0;
+    XTranslateCoordinates(display, window, DefaultRootWindow(display), 0, 0, &x, &y, &child);
+    XCloseDisplay(display);
+    return {x, y};
 }
