@@ -2,6 +2,7 @@
 #include <zembra/series/Canvas.h>
 
 #include "Clip.h"
+#include "DiscRaster.h"
 #include "Stroke.h"
 
 #include <cmath>
@@ -108,6 +109,43 @@ void Canvas::fillEllipse(const Point& centre, double rx, double ry, const Color&
         painter.fillEllipse(centre.x, centre.y, rx, ry, color);
     else
         fillPolygon(ellipsePoints(centre, rx, ry), color);
+}
+
+void Canvas::fillDiscs(const std::function<bool(std::vector<Point>&)>& next, double radius,
+                       const Color& color) {
+    constexpr std::size_t few = 2000;
+    constexpr double largest = 64.0;
+    if (!(radius > 0.0))
+        return;
+    // Kept from frame to frame for their memory.
+    thread_local std::vector<Point> chunk;
+    thread_local std::vector<Point> waiting;
+    thread_local DiscRaster raster;
+    waiting.clear();
+    bool many = false;
+    while (next(chunk)) {
+        if (!many && radius <= largest && waiting.size() + chunk.size() > few) {
+            many = true;
+            raster.begin(area, radius, color);
+            for (const Point& centre : waiting)
+                raster.add(centre);
+        }
+        if (many) {
+            for (const Point& centre : chunk)
+                raster.add(centre);
+        } else if (radius <= largest) {
+            waiting.insert(waiting.end(), chunk.begin(), chunk.end());
+        } else {
+            for (const Point& centre : chunk)
+                fillEllipse(centre, radius, radius, color);
+        }
+    }
+    if (many) {
+        drawPicture(painter, raster.finish(), buffers);
+        return;
+    }
+    for (const Point& centre : waiting)
+        fillEllipse(centre, radius, radius, color);
 }
 
 void Canvas::drawImage(const std::shared_ptr<const std::vector<std::uint8_t>>& rgba, int width,

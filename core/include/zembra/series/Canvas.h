@@ -6,6 +6,7 @@
 #include <zembra/zembra_export.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -46,12 +47,20 @@ public:
     Point toPixel(double x, double y) const;
 
     void drawLine(const Point& from, const Point& to, const Pen& pen);
+    /// A path of any length: what strokers would take too long over becomes a picture, in which
+    /// each pixel is blended once. Points that are not finite separate its pieces; one alone is a
+    /// dot.
     void drawPolyline(const std::vector<Point>& points, const Pen& pen);
     void drawRect(const Rect& rect, const Pen& pen);
     void drawEllipse(const Point& centre, double rx, double ry, const Pen& pen);
     void fillRect(const Rect& rect, const Color& color);
     void fillPolygon(const std::vector<Point>& points, const Color& color);
     void fillEllipse(const Point& centre, double rx, double ry, const Color& color);
+    /// Many equal discs, at a cost bounded by the pixels they reach: one by one while they are few,
+    /// as a picture with discs at quarters of a pixel where they are many. `next` replaces the
+    /// vector's content by some more centres, and returns false when there are none left.
+    void fillDiscs(const std::function<bool(std::vector<Point>&)>& next, double radius,
+                   const Color& color);
     /// A picture at natural size with its top-left corner at `corner`, cropped to the canvas.
     /// Shape: `width` × `height` RGBA pixels as in `Painter::drawImage`; another size is ignored.
     void drawImage(const std::shared_ptr<const std::vector<std::uint8_t>>& rgba, int width,

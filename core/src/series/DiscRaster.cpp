@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "DiscRaster.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zembra {
+
+namespace {
+
+// The share of a pixel inside a disc, by points within the pixel.
+double discCover(double dx, double dy, double radius) {
+    const double distance = std::hypot(dx, dy);
+    if (distance <= radius - 0.75)
+        return 1.0;
+    if (distance >= radius + 0.75)
+        return 0.0;
+    constexpr int points = 8;
+    int inside = 0;
+    for (int i = 0; i < points; ++i)
+        for (int k = 0; k < points; ++k) {
+            const double x = dx + (i + 0.5) / points - 0.5;
+            const double y = dy + (k + 0.5) / points - 0.5;
+            inside += x * x + y * y <= radius * radius ? 1 : 0;
+        }
+    return static_cast<double>(inside) / (points * points);
+}
+
+} // namespace
+
+void DiscRaster::begin(const Rect& area, double radius, const Color& discColor) {
+    color = discColor;
+    left = static_cast<int>(std::floor(area.left()));
+    top = static_cast<int>(std::floor(area.top()));
+    columns = std::max(0, static_cast<int>(std::ceil(area.right())) - left);
+    rows = std::max(0, static_cast<int>(std::ceil(area.bottom())) - top);
+    // A centre lies up to 3/8 beside the middle of its pixel.
+    reach = std::max(1, static_cast<int>(std::ceil(radius + 0.375 - 0.5)));
+    stampRows = 2 * reach + 1;
+    stampWidth = stampRows <= 8 ? 8 : (stampRows + 15) / 16 * 16;
+    margin = 2 * reach + stampWidth;
+    stride = columns + 2 * margin;
+    plane.assign(static_cast<std::size_t>(stride) * static_cast<std::size_t>(rows + 2 * margin), 0);
+    places.assign(plane.size(), 0);
+    // Discs on each other show until less than half a shade of what lies below is left.
+    const double rest = 1.0 - color.alpha() / 255.0;
+    enough = rest > 0.0 && rest < 1.0
+                 ? static_cast<unsigned>(std::ceil(std::log(0.5 / 255.0) / std::log(rest)))
+                 : 1u;
+    firstRow = rows + 2 * margin;
+    lastRow = -1;
+    for (int py = 0; py < placesPerPixel; ++py) {
+        for (int px = 0; px < placesPerPixel; ++px) {
+            std::vector<std::uint8_t>& alpha =
+                stamps[static_cast<std::size_t>(py * placesPerPixel + px)];
+            alpha.assign(static_cast<std::size_t>(stampRows * stampWidth), 0);
+            // The place of the disc's centre within its pixel, from the pixel's middle.
+            const double cx = (px + 0.5) / placesPerPixel - 0.5;
+            const double cy = (py + 0.5) / placesPerPixel - 0.5;
+            for (int row = 0; row < stampRows; ++row)
+                for (int column = 0; column < stampRows; ++column)
+                    alpha[static_cast<std::size_t>(row * stampWidth + column)] =
+                        static_cast<std::uint8_t>(
+                            std::lround(color.alpha() *
+                                        discCover(column - reach - cx, row - reach - cy, radius)));
+        }
+    }
+}
+
+template <int Width>
+void DiscRaster::stamp(const std::uint8_t* alpha, std::uint8_t* target) const {
+    for (int row = 0; row < stampRows; ++row, target += stride, alpha += stampWidth) {
+        for (int block = 0; block < stampWidth; block += Width) {
+            // Copies tell the compiler that the two do not overlap, so that it uses vectors.
+            std::array<std::uint8_t, Width> over;
+            std::array<std::uint8_t, Width> below;
+            std::memcpy(over.data(), alpha + block, Width);
+            std::memcpy(below.data(), target + block, Width);
+            for (std::size_t i = 0; i < Width; ++i) {
+                // The disc adds to what does not show yet; rounded as by a division.
+                const auto product = static_cast<std::uint16_t>((255 - below[i]) * over[i] + 128);
+                const auto added =
+                    static_cast<std::uint16_t>(product + static_cast<std::uint16_t>(product >> 8));
+                below[i] = static_cast<std::uint8_t>(below[i] + (added >> 8));
+            }
+            std::memcpy(target + block, below.data(), Width);
+        }
+    }
+}
+
+void DiscRaster::add(const Point& centre) {
+    const double u = centre.x - left + margin;
+    const double v = centre.y - top + margin;
+    // What lies further outside reaches no pixel of the picture.
+    if (!(u >= margin - reach && v >= margin - reach && u < columns + margin + reach &&
+          v < rows + margin + reach))
+        return;
+    const int column = static_cast<int>(u);
+    const int row = static_cast<int>(v);
+    const auto place =
+        static_cast<unsigned>(static_cast<int>((v - row) * placesPerPixel) * placesPerPixel +
+                              static_cast<int>((u - column) * placesPerPixel));
+    const auto pixel = static_cast<std::size_t>(row) * static_cast<std::size_t>(stride) +
+                       static_cast<std::size_t>(column);
+    std::uint16_t& taken = places[pixel];
+    if (enough == 1) {
+        const auto bit = static_cast<std::uint16_t>(1u << place);
+        if (taken & bit)
+            return;
+        taken = static_cast<std::uint16_t>(taken | bit);
+    } else {
+        constexpr unsigned all = placesPerPixel * placesPerPixel;
+        if (taken >= enough * all)
+            return;
+        ++taken;
+    }
+    const auto corner = static_cast<std::size_t>(reach) * static_cast<std::size_t>(stride + 1);
+    std::uint8_t* target = plane.data() + pixel - corner;
+    if (stampWidth == 8)
+        stamp<8>(stamps[place].data(), target);
+    else
+        stamp<16>(stamps[place].data(), target);
+    firstRow = std::min(firstRow, row - reach);
+    lastRow = std::max(lastRow, row + reach);
+}
+
+Picture DiscRaster::finish() {
+    Picture picture;
+    const int first = std::max(firstRow - margin, 0);
+    const int last = std::min(lastRow - margin, rows - 1);
+    if (first > last || columns == 0)
+        return picture;
+    picture.width = columns;
+    picture.height = last - first + 1;
+    picture.x = left;
+    picture.y = top + first;
+    picture.buffer = takePictureBuffer(static_cast<std::size_t>(picture.width) *
+                                       static_cast<std::size_t>(picture.height) * 4);
+    const std::uint32_t rgb = packedPixel(color, 0);
+    std::uint8_t* pixels = picture.buffer.pixels;
+    for (int row = first; row <= last; ++row) {
+        const std::uint8_t* line =
+            plane.data() +
+            static_cast<std::size_t>(row + margin) * static_cast<std::size_t>(stride) +
+            static_cast<std::size_t>(margin);
+        for (int column = 0; column < columns; ++column, pixels += 4) {
+            const std::uint32_t pixel =
+                rgb | (static_cast<std::uint32_t>(line[column]) << alphaShift);
+            std::memcpy(pixels, &pixel, 4);
+        }
+    }
+    return picture;
+}
+
+} // namespace zembra
