@@ -145,12 +145,11 @@ Samples::Samples(std::vector<double> x, std::vector<double> y) : Samples() {
     data->y = data->ownY.data();
 }
 
-Samples::Samples(std::vector<float> x, std::vector<float> y) : Samples() {
-    data->count = std::min(x.size(), y.size());
-    data->ownXf = std::move(x);
-    data->ownYf = std::move(y);
-    data->xf = data->ownXf.data();
-    data->yf = data->ownYf.data();
+Samples Samples::owned(std::vector<float> x, std::vector<float> y) {
+    Samples samples = borrowed(x, y);
+    samples.data->ownXf = std::move(x);
+    samples.data->ownYf = std::move(y);
+    return samples;
 }
 
 Samples Samples::borrowed(std::span<const double> x, std::span<const double> y) {

@@ -8,6 +8,9 @@ namespace zembra {
 
 namespace {
 
+// Pixels that the processor takes at once.
+constexpr int lanes = 16;
+
 // The share of a pixel inside a disc, by points within the pixel.
 double discCover(double dx, double dy, double radius) {
     const double distance = std::hypot(dx, dy);
@@ -37,7 +40,7 @@ void DiscRaster::begin(const Rect& area, double radius, const Color& discColor) 
     // A centre lies up to 3/8 beside the middle of its pixel.
     reach = std::max(1, static_cast<int>(std::ceil(radius + 0.375 - 0.5)));
     stampRows = 2 * reach + 1;
-    stampWidth = stampRows <= 8 ? 8 : (stampRows + 15) / 16 * 16;
+    stampWidth = (stampRows + lanes - 1) / lanes * lanes;
     margin = 2 * reach + stampWidth;
     stride = columns + 2 * margin;
     plane.assign(static_cast<std::size_t>(stride) * static_cast<std::size_t>(rows + 2 * margin), 0);
@@ -67,23 +70,22 @@ void DiscRaster::begin(const Rect& area, double radius, const Color& discColor) 
     }
 }
 
-template <int Width>
 void DiscRaster::stamp(const std::uint8_t* alpha, std::uint8_t* target) const {
     for (int row = 0; row < stampRows; ++row, target += stride, alpha += stampWidth) {
-        for (int block = 0; block < stampWidth; block += Width) {
+        for (int block = 0; block < stampWidth; block += lanes) {
             // Copies tell the compiler that the two do not overlap, so that it uses vectors.
-            std::array<std::uint8_t, Width> over;
-            std::array<std::uint8_t, Width> below;
-            std::memcpy(over.data(), alpha + block, Width);
-            std::memcpy(below.data(), target + block, Width);
-            for (std::size_t i = 0; i < Width; ++i) {
+            std::array<std::uint8_t, lanes> over;
+            std::array<std::uint8_t, lanes> below;
+            std::memcpy(over.data(), alpha + block, lanes);
+            std::memcpy(below.data(), target + block, lanes);
+            for (std::size_t i = 0; i < lanes; ++i) {
                 // The disc adds to what does not show yet; rounded as by a division.
                 const auto product = static_cast<std::uint16_t>((255 - below[i]) * over[i] + 128);
                 const auto added =
                     static_cast<std::uint16_t>(product + static_cast<std::uint16_t>(product >> 8));
                 below[i] = static_cast<std::uint8_t>(below[i] + (added >> 8));
             }
-            std::memcpy(target + block, below.data(), Width);
+            std::memcpy(target + block, below.data(), lanes);
         }
     }
 }
@@ -116,10 +118,7 @@ void DiscRaster::add(const Point& centre) {
     }
     const auto corner = static_cast<std::size_t>(reach) * static_cast<std::size_t>(stride + 1);
     std::uint8_t* target = plane.data() + pixel - corner;
-    if (stampWidth == 8)
-        stamp<8>(stamps[place].data(), target);
-    else
-        stamp<16>(stamps[place].data(), target);
+    stamp(stamps[place].data(), target);
     firstRow = std::min(firstRow, row - reach);
     lastRow = std::max(lastRow, row + reach);
 }

@@ -27,7 +27,6 @@ public:
 private:
     static constexpr int placesPerPixel = 4;
 
-    template <int Width>
     void stamp(const std::uint8_t* alpha, std::uint8_t* target) const;
 
     int left = 0;

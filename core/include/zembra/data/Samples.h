@@ -32,7 +32,8 @@ public:
     Samples();
     /// Samples that are moved in.
     Samples(std::vector<double> x, std::vector<double> y);
-    Samples(std::vector<float> x, std::vector<float> y);
+    /// As above, in single precision.
+    static Samples owned(std::vector<float> x, std::vector<float> y);
 
     /// Samples that stay with the host. Requires: they live, and do not change, until the last copy
     /// of the result is gone; for other values make another `Samples`.
