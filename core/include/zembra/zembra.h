@@ -5,6 +5,8 @@
 #include <zembra/chart/PlotGrid.h>
 #include <zembra/paint/RenderSurface.h>
 #include <zembra/scale/NumberFormat.h>
+#include <zembra/series/AreaSeries.h>
+#include <zembra/series/BandSeries.h>
 #include <zembra/series/BarSeries.h>
 #include <zembra/series/Canvas.h>
 #include <zembra/series/ColorMap.h>

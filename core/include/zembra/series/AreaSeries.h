@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <zembra/data/Samples.h>
+#include <zembra/series/Series.h>
+
+#include <vector>
+
+namespace zembra {
+
+/// How an area looks.
+struct AreaStyle {
+    /// Where the area ends, in data units. A scale that cannot place it, as a logarithmic one
+    /// cannot place 0, has the area end at its low end.
+    double baseline = 0.0;
+    /// Units: logical pixels; 0 draws no line on top.
+    double lineWidth = 1.5;
+    /// Of the fill; the line is always as opaque as the series' colour. Range: 0..1.
+    double opacity = 0.3;
+};
+
+/// Fills between the samples, in their order, and a baseline. A sample that is not finite, or that
+/// a scale cannot place, is a gap.
+///
+/// Samples in order of x cost as much as the canvas has columns, however many there are.
+class ZEMBRA_EXPORT AreaSeries : public Series {
+public:
+    AreaSeries();
+    /// Samples that are moved in. Shape: where one is longer, its excess is ignored.
+    AreaSeries(std::vector<double> x, std::vector<double> y, std::string name = {});
+    explicit AreaSeries(Samples samples, std::string name = {});
+    ~AreaSeries() override;
+
+    void setSamples(std::vector<double> x, std::vector<double> y);
+    void setSamples(Samples samples);
+    const Samples& samples() const;
+
+    /// Errors: returns false and changes nothing where a number is not finite or out of its range.
+    bool setStyle(const AreaStyle& style);
+    const AreaStyle& style() const;
+
+    /// With the baseline, where the y scale can place it.
+    Bounds bounds(const Scale& x, const Scale& y) const override;
+    void draw(Canvas& canvas) const override;
+    void drawLegendKey(Canvas& canvas, const Rect& area) const override;
+    /// The sample within the axes whose point on the edge is nearest to `pixel`.
+    std::optional<NearestSample> nearest(const Point& pixel, const ScaleMap& x,
+                                         const ScaleMap& y) const override;
+    std::uint64_t revision() const override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace zembra
