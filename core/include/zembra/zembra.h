@@ -8,9 +8,14 @@
 #include <zembra/series/AreaSeries.h>
 #include <zembra/series/BandSeries.h>
 #include <zembra/series/BarSeries.h>
+#include <zembra/series/Bins.h>
 #include <zembra/series/Canvas.h>
 #include <zembra/series/ColorMap.h>
 #include <zembra/series/ColorScale.h>
+#include <zembra/series/ErrorBarSeries.h>
 #include <zembra/series/HeatMapSeries.h>
+#include <zembra/series/HistogramSeries.h>
 #include <zembra/series/LineSeries.h>
+#include <zembra/series/Quantile.h>
 #include <zembra/series/ScatterSeries.h>
+#include <zembra/series/StemSeries.h>
