@@ -9,6 +9,8 @@
 #include <zembra/series/BandSeries.h>
 #include <zembra/series/BarSeries.h>
 #include <zembra/series/Bins.h>
+#include <zembra/series/BoxPlotSeries.h>
+#include <zembra/series/CandlestickSeries.h>
 #include <zembra/series/Canvas.h>
 #include <zembra/series/ColorMap.h>
 #include <zembra/series/ColorScale.h>
