@@ -68,7 +68,7 @@ BoxPlotSeries::BoxPlotSeries() : d(std::make_unique<Private>()) {}
 BoxPlotSeries::BoxPlotSeries(std::vector<std::vector<double>> groups, std::string name)
     : BoxPlotSeries() {
     std::vector<double> positions(groups.size());
-    std::iota(positions.begin(), positions.end(), 1.0);
+    std::iota(positions.begin(), positions.end(), 0.0);
     setSamples(std::move(positions), std::move(groups));
     setName(std::move(name));
 }

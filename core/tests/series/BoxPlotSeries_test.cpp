@@ -47,7 +47,7 @@ TEST(BoxStatistics, ReachAsFarAsAsked) {
 
 TEST(BoxPlotSeries, DrawsWhiskersBoxMedianAndOutliers) {
     Stage stage(Scale(), 0.0, 2.0, Scale(), 0.0, 10.0);
-    BoxPlotSeries boxes({oneToNine});
+    BoxPlotSeries boxes({1.0}, {oneToNine});
     boxes.setStyle({.share = 0.4, .whiskerReach = 0.5, .lineWidth = 1.0});
     EXPECT_EQ(stage.draw(boxes), "setPen #0072b2 1\n"
                                  "drawPolyline 50.5,70 50.5,90\n"
@@ -72,7 +72,7 @@ TEST(BoxPlotSeries, DrawsWhiskersBoxMedianAndOutliers) {
 
 TEST(BoxPlotSeries, LiesWhenHorizontal) {
     Stage stage(Scale(), 0.0, 10.0, Scale(), 0.0, 2.0);
-    BoxPlotSeries boxes({oneToNine});
+    BoxPlotSeries boxes({1.0}, {oneToNine});
     boxes.setStyle({.orientation = Orientation::Horizontal, .share = 0.4});
     stage.draw(boxes);
     EXPECT_THAT(stage.painter().linesOf("drawRect"), ElementsAre("drawRect 30,40.5 40x20"));

@@ -55,7 +55,7 @@ struct BoxPlotStyle {
 class ZEMBRA_EXPORT BoxPlotSeries : public Series {
 public:
     BoxPlotSeries();
-    /// Groups at 1, 2, 3 …
+    /// Groups at 0, 1, 2 …, as the names of a categorical scale.
     explicit BoxPlotSeries(std::vector<std::vector<double>> groups, std::string name = {});
     /// Groups at positions, in any order. Shape: where one is longer, its excess is ignored.
     BoxPlotSeries(std::vector<double> positions, std::vector<std::vector<double>> groups,
