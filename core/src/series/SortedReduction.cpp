@@ -17,16 +17,22 @@ namespace {
 using Domain = ExtentIndex::Domain;
 
 constexpr double gap = std::numeric_limits<double>::quiet_NaN();
-// Fine enough that the place of a spike within its pixel shows in the shades of its edges.
-constexpr std::size_t finestStrips = 8;
-// Coarse enough to be quick where every strip has its own spikes anyhow.
-constexpr std::size_t coarsestStrips = 4;
 // Up to here, all samples of a strip are taken.
 constexpr std::size_t fewSamples = 4;
 // Up to here, the extremes of a strip are placed where they are.
 constexpr std::size_t someSamples = 32;
 // From here on, moving the ends of a strip to those of an index block moves nothing visibly.
 constexpr std::size_t manySamples = 8 * ExtentIndex::blockSize;
+
+// How many strips a pixel column is split into: enough that the place of a spike within its pixel
+// shows in the shades of its edges.
+std::size_t stripsFor(std::size_t samplesPerColumn) {
+    // Every strip has its own spikes here anyhow, and its ends move to those of index blocks.
+    if (samplesPerColumn >= 4 * manySamples)
+        return 4;
+    // Extremes whose place is not looked up need narrower strips.
+    return samplesPerColumn > 8 * someSamples ? 16 : 8;
+}
 
 // Which samples the scale can place, if the index knows them.
 std::optional<Domain> domainOf(const Samples::Store& store, const Scale& scale) {
@@ -58,8 +64,7 @@ public:
         const std::size_t end =
             lowerBoundNear(store, x, begin, store.count, store.count,
                            xMap.invTransform(forward ? lastColumn : firstColumn));
-        const bool coarse = (end - begin) / columns >= finestStrips * manySamples;
-        const std::size_t perColumn = coarse ? coarsestStrips : finestStrips;
+        const std::size_t perColumn = stripsFor((end - begin) / columns);
         const std::size_t strips = columns * perColumn;
         const auto edge = [&](std::size_t i) {
             const double offset = static_cast<double>(i) / static_cast<double>(perColumn);
