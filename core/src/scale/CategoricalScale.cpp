@@ -14,7 +14,11 @@ Interval CategoricalScale::defaultRange() const {
 }
 
 Interval CategoricalScale::rangeOver(const Interval& data, double) const {
-    return {data.min - 0.5, data.max + 0.5};
+    // Whole categories, also where the data tells the width of what stands in them. The hair keeps
+    // what is a category wide out of its neighbours.
+    constexpr double hair = 1e-9;
+    return {std::min(std::floor(data.min + 0.5 + hair) - 0.5, data.min),
+            std::max(std::ceil(data.max - 0.5 - hair) + 0.5, data.max)};
 }
 
 TickSet CategoricalScale::ticks(double min, double max, const TickRequest& request) const {

@@ -354,19 +354,21 @@ void BarSeries::draw(Canvas& canvas) const {
             if (rect)
                 canvas.fillRect(*rect, color);
         }
-        return;
+    } else {
+        forEachColumn(d->positions, view.positions(), span.low, span.high,
+                      [&](double column, const SampleRange& range) {
+                          Interval covered = ends.toRow.yExtent(range.first, range.last);
+                          if (ends.stacked)
+                              covered.include(ends.fromRow.yExtent(range.first, range.last));
+                          else
+                              covered.include(style.baseline);
+                          canvas.fillRect(view.rect(column, column + 1.0,
+                                                    view.valueOrEnd(covered.min),
+                                                    view.valueOrEnd(covered.max)),
+                                          color);
+                      });
     }
-    forEachColumn(d->positions, view.positions(), span.low, span.high,
-                  [&](double column, const SampleRange& range) {
-                      Interval covered = ends.toRow.yExtent(range.first, range.last);
-                      if (ends.stacked)
-                          covered.include(ends.fromRow.yExtent(range.first, range.last));
-                      else
-                          covered.include(style.baseline);
-                      canvas.fillRect(view.rect(column, column + 1.0, view.valueOrEnd(covered.min),
-                                                view.valueOrEnd(covered.max)),
-                                      color);
-                  });
+    drawBaseline(canvas, view, ends.stacked ? 0.0 : style.baseline);
 }
 
 void BarSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {

@@ -19,6 +19,17 @@ double held(double pixel) {
 
 } // namespace
 
+void drawBaseline(Canvas& canvas, const SideView& view, double number) {
+    const double line = std::floor(view.value(number));
+    const PixelSpan values = view.valueSpan();
+    if (!(line > values.low + 1.0 && line < values.high - 2.0))
+        return;
+    const PixelSpan positions = view.positionSpan();
+    const SeriesLook& look = canvas.look();
+    canvas.fillRect(view.rect(positions.low, positions.high, line, line + 1.0),
+                    mix(look.background, look.foreground, 0.6));
+}
+
 double heldPixel(const ScaleMap& map, double number) {
     return held(map.transform(number));
 }

@@ -57,6 +57,9 @@ private:
     Rect canvasArea;
 };
 
+/// A thin line at a number along the values, where it runs inside the canvas: what marks on both
+/// sides of it stand on. At the edge the axis does as well.
+void drawBaseline(Canvas& canvas, const SideView& view, double number);
 /// How far a pixel is from a rectangle; 0 inside.
 double distanceTo(const Rect& rect, const Point& pixel);
 /// Whether a rectangle, however thin, meets another.

@@ -88,6 +88,7 @@ void StemSeries::draw(Canvas& canvas) const {
         d->drawColumns(canvas, base);
         return;
     }
+    drawBaseline(canvas, SideView(canvas, Orientation::Vertical), d->style.baseline);
     const Pen pen(color, d->style.lineWidth);
     for (std::size_t i = seen.first; i < seen.last; ++i) {
         const Point head{heldPixel(canvas.x(), d->x[i]), heldPixel(canvas.y(), d->y[i])};

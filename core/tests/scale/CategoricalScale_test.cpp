@@ -53,6 +53,8 @@ TEST(CategoricalScale, RangesKeepHalfAStepOnBothSides) {
     const Scale scale = Scale::categorical({"a", "b", "c"});
     EXPECT_EQ(scale.autoRange({0.0, 2.0}, 0.05), (Interval{-0.5, 2.5}));
     EXPECT_EQ(scale.autoRange({1.0, 1.0}, 0.05), (Interval{0.5, 1.5}));
+    EXPECT_EQ(scale.autoRange({-0.4, 2.4}, 0.05), (Interval{-0.5, 2.5}));
+    EXPECT_EQ(scale.autoRange({-0.5, 2.5}, 0.05), (Interval{-0.5, 2.5}));
     EXPECT_EQ(scale.autoRange({}, 0.05), (Interval{-0.5, 2.5}));
     EXPECT_EQ(Scale::categorical({}).autoRange({}, 0.05), (Interval{-0.5, 0.5}));
 }

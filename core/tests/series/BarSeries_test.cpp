@@ -89,12 +89,15 @@ TEST(BarSeries, StacksUpwardsAndDownwardsByPosition) {
     EXPECT_TRUE(b.stackOn(a));
     EXPECT_TRUE(c.stackOn(b));
     EXPECT_EQ(stage.draw(a), "fillRect 15,30 20x20 #0072b2\n"
-                             "fillRect 65,50 20x10 #0072b2\n");
+                             "fillRect 65,50 20x10 #0072b2\n"
+                             "fillRect 0,50 100x1 #666666\n");
     // A hair's breadth lies between two bars of a stack.
     EXPECT_EQ(stage.draw(b), "fillRect 15,20 20x9 #0072b2\n"
                              "fillRect 40,35 20x15 #0072b2\n"
-                             "fillRect 65,61 20x19 #0072b2\n");
-    EXPECT_EQ(stage.draw(c), "fillRect 15,50 20x30 #0072b2\n");
+                             "fillRect 65,61 20x19 #0072b2\n"
+                             "fillRect 0,50 100x1 #666666\n");
+    EXPECT_EQ(stage.draw(c), "fillRect 15,50 20x30 #0072b2\n"
+                             "fillRect 0,50 100x1 #666666\n");
     EXPECT_EQ(b.bounds(Scale(), Scale()).y, (Interval{-6.0, 6.0}));
     EXPECT_EQ(c.bounds(Scale(), Scale()).y, (Interval{-6.0, 0.0}));
 }
@@ -156,7 +159,8 @@ TEST(BarSeries, BeginsAtItsBaseline) {
     style.baseline = 5.0;
     bars.setStyle(style);
     EXPECT_EQ(stage.draw(bars), "fillRect 5,50 40x20 #0072b2\n"
-                                "fillRect 55,40 40x10 #0072b2\n");
+                                "fillRect 55,40 40x10 #0072b2\n"
+                                "fillRect 0,50 100x1 #666666\n");
     EXPECT_FALSE(bars.bounds(Scale(), Scale()).yFromZero);
     EXPECT_EQ(bars.bounds(Scale(), Scale()).y, (Interval{3.0, 6.0}));
 }

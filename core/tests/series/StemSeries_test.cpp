@@ -11,7 +11,8 @@ using namespace zembra::test;
 TEST(StemSeries, DrawsALineFromZeroWithAHead) {
     Stage stage(Scale(), 0.0, 10.0, Scale(), -10.0, 10.0);
     StemSeries stems({5.0, 2.0, 8.0}, {-4.0, 8.0, notANumber});
-    EXPECT_EQ(stage.draw(stems), "setPen #0072b2 1.5\n"
+    EXPECT_EQ(stage.draw(stems), "fillRect 0,50 100x1 #666666\n"
+                                 "setPen #0072b2 1.5\n"
                                  "drawPolyline 20,50 20,10\n"
                                  "fillEllipse 20,10 3.5x3.5 #0072b2\n"
                                  "setPen #0072b2 1.5\n"

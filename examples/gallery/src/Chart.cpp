@@ -4,7 +4,8 @@
 namespace gallery {
 
 std::vector<Chapter> chapters() {
-    return {lineCharts(), fieldCharts(), scaleCharts(), themeCharts()};
+    return {lineCharts(),  amountCharts(), statisticsCharts(),
+            fieldCharts(), scaleCharts(),  themeCharts()};
 }
 
 } // namespace gallery

@@ -24,6 +24,8 @@ struct Chapter {
 
 // One function for each source with charts.
 Chapter lineCharts();
+Chapter amountCharts();
+Chapter statisticsCharts();
 Chapter fieldCharts();
 Chapter scaleCharts();
 Chapter themeCharts();
