@@ -150,6 +150,70 @@ Picture rastered(const Stroke& stroke, const Rect& area, double width, const Col
     return raster.finish(color);
 }
 
+// Dash and gap lengths in pixels, as painters draw them.
+std::vector<double> dashLengths(const Pen& pen, double width) {
+    std::vector<double> lengths = pen.dashPattern();
+    if (lengths.empty()) {
+        switch (pen.style()) {
+        case PenStyle::Dash:
+            lengths = {4.0, 2.0};
+            break;
+        case PenStyle::Dot:
+            lengths = {1.0, 2.0};
+            break;
+        case PenStyle::DashDot:
+            lengths = {4.0, 2.0, 1.0, 2.0};
+            break;
+        default:
+            lengths = {4.0, 2.0, 1.0, 2.0, 1.0, 2.0};
+        }
+    }
+    if (lengths.size() % 2 != 0)
+        lengths.push_back(0.0);
+    // Shorter than this, dashes would run into each other and only cost time.
+    for (double& length : lengths)
+        length = std::isfinite(length) ? std::max(length * width, 0.25) : 0.25;
+    return lengths;
+}
+
+// Cuts one piece into its dashes.
+void addDashes(MaskRaster& raster, std::span<const Point> piece,
+               const std::vector<double>& lengths) {
+    std::vector<Point> dash{piece.front()};
+    std::size_t part = 0;
+    double left = lengths[0];
+    for (std::size_t i = 1; i < piece.size(); ++i) {
+        const Point& from = piece[i - 1];
+        const Point& to = piece[i];
+        const double length = std::hypot(to.x - from.x, to.y - from.y);
+        double done = 0.0;
+        while (length - done > left) {
+            done += left;
+            const double share = done / length;
+            const Point cut{from.x + share * (to.x - from.x), from.y + share * (to.y - from.y)};
+            dash.push_back(cut);
+            if (part % 2 == 0)
+                raster.add(dash);
+            part = (part + 1) % lengths.size();
+            left = lengths[part];
+            dash.assign(1, cut);
+        }
+        left -= length - done;
+        dash.push_back(to);
+    }
+    if (part % 2 == 0)
+        raster.add(dash);
+}
+
+Picture rasteredDashes(const Stroke& stroke, const Rect& area, double width, const Pen& pen) {
+    thread_local MaskRaster raster;
+    raster.begin(area, width);
+    const std::vector<double> lengths = dashLengths(pen, width);
+    for (std::size_t i = 0; i < stroke.pieceCount(); ++i)
+        addDashes(raster, stroke.piece(i), lengths);
+    return raster.finish(pen.color());
+}
+
 void drawDot(Painter& painter, const Point& centre, double width, const Color& color,
              const Rect& area) {
     const Rect dot =
@@ -206,7 +270,11 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
     // Chunks that overlap would show in translucent colours, and interrupt dashes.
     const bool inOnePiece = pen.color().alpha() < 255 || dashed;
     if (isDense(stroke, area, width > 1.0, inOnePiece)) {
-        if (stroke.runsOneWay())
+        // A path that crosses the canvas this often leaves no gaps to be seen.
+        constexpr double crossings = 60.0;
+        if (dashed && stroke.length() < crossings * area.width)
+            drawPicture(painter, rasteredDashes(stroke, area, width, pen), buffers);
+        else if (stroke.runsOneWay())
             drawPicture(painter, rastered<ColumnRaster>(stroke, area, width, pen.color()), buffers);
         else
             drawPicture(painter, rastered<MaskRaster>(stroke, area, width, pen.color()), buffers);

@@ -265,6 +265,29 @@ TEST(LineSeries, DrawsLongUnsortedCurvesInAFewCalls) {
     EXPECT_EQ(*std::max_element(painter.pixels.begin(), painter.pixels.end()), 90);
 }
 
+TEST(LineSeries, KeepsItsDashesWhereTheyBecomeAPicture) {
+    std::vector<double> values(2000);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = std::sin(0.03 * static_cast<double>(i));
+    LineSeries series(evenly(values));
+    series.setWidth(2.0);
+    series.setDashPattern({5.0, 5.0});
+    PicturePainter painter;
+    draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
+    ASSERT_EQ(painter.count("drawImage"), 1u);
+    const auto inked = [&painter] {
+        return std::count_if(painter.pixels.begin(), painter.pixels.end(),
+                             [](unsigned char byte) { return byte > 127; });
+    };
+    const auto dashed = inked();
+    series.setDashPattern({5.0, 0.0});
+    painter.clear();
+    draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
+    const auto solid = inked();
+    // Square ends make each dash longer by the pen's width: 6 of 10.
+    EXPECT_NEAR(static_cast<double>(dashed) / static_cast<double>(solid), 0.6, 0.05);
+}
+
 TEST(LineSeries, ItsRevisionOnlyGrows) {
     Samples ring = Samples::streamed(10);
     LineSeries series(ring);
