@@ -188,6 +188,27 @@ public:
 
     double reach() const { return 0.5 * groupLength + 1.0; }
 
+    /// From edge to edge of a bar whose group is centred on a pixel.
+    PixelSpan across(double centre) const {
+        PixelSpan span;
+        if (isCrisp) {
+            const auto edge = [&](std::size_t i) {
+                return std::round(slotLength * static_cast<double>(i));
+            };
+            const double start = std::round(centre - 0.5 * groupLength);
+            span = {start + edge(slot), start + edge(slot + 1) - gap};
+        } else {
+            span.low = centre - 0.5 * groupLength + slotLength * static_cast<double>(slot);
+            span.high = span.low + slotLength;
+        }
+        // Never too thin to be seen.
+        if (span.length() < 1.0) {
+            span.low = 0.5 * (span.low + span.high) - 0.5;
+            span.high = span.low + 1.0;
+        }
+        return span;
+    }
+
     /// The bar's rectangle; nothing where a scale cannot place it. A bar that stands on others
     /// leaves them a hair's breadth.
     std::optional<Rect> rect(double position, double from, double to, bool stands) const {
@@ -196,29 +217,14 @@ public:
         if (std::isnan(centre) || std::isnan(end))
             return std::nullopt;
         double begin = view.valueOrEnd(from);
-        double low = centre - 0.5 * groupLength;
-        double high = 0.0;
         if (isCrisp) {
-            const auto edge = [&](std::size_t i) {
-                return std::round(slotLength * static_cast<double>(i));
-            };
-            low = std::round(low);
-            high = low + edge(slot + 1) - gap;
-            low += edge(slot);
             begin = std::round(begin);
             end = std::round(end);
             if (stands && std::abs(end - begin) >= crispFrom)
                 begin += end > begin ? 1.0 : -1.0;
-        } else {
-            low += slotLength * static_cast<double>(slot);
-            high = low + slotLength;
         }
-        // Never too thin to be seen.
-        if (high - low < 1.0) {
-            low = 0.5 * (low + high) - 0.5;
-            high = low + 1.0;
-        }
-        return view.rect(low, high, begin, end);
+        const PixelSpan span = across(centre);
+        return view.rect(span.low, span.high, begin, end);
     }
 
 private:
@@ -362,7 +368,10 @@ void BarSeries::draw(Canvas& canvas) const {
                               covered.include(ends.fromRow.yExtent(range.first, range.last));
                           else
                               covered.include(style.baseline);
-                          canvas.fillRect(view.rect(column, column + 1.0,
+                          // Wider than a column where many positions are equal.
+                          const PixelSpan across = length < 1.0 ? PixelSpan{column, column + 1.0}
+                                                                : places.across(column + 0.5);
+                          canvas.fillRect(view.rect(across.low, across.high,
                                                     view.valueOrEnd(covered.min),
                                                     view.valueOrEnd(covered.max)),
                                           color);

@@ -245,6 +245,12 @@ TEST(BarSeries, CostsAsMuchAsTheCanvasHasColumns) {
     EXPECT_EQ(stage.nearest(below, {23.4567, 11.0})->index, 234'567u);
 }
 
+TEST(BarSeries, IsAsWideAsEverWhereManyPositionsAreEqual) {
+    Stage stage;
+    const BarSeries bars(std::vector<double>(1000, 5.05), std::vector<double>(1000, 3.0));
+    EXPECT_EQ(stage.draw(bars), "fillRect 47,70 8x30 #0072b2\n");
+}
+
 TEST(BarSeries, WithstandsHostileNumbers) {
     expectHarmlessForAll([](const std::vector<double>& x, const std::vector<double>& y) {
         auto bars = std::make_shared<BarSeries>(x, y);
