@@ -15,8 +15,8 @@ namespace zembra {
 
 namespace {
 
-// Units: logical pixels. Narrower bars keep their fractions: rounding would make some of them half
-// as wide as others.
+// Units: logical pixels. The ends of narrower bars keep their fractions, so that many of them make
+// a smooth outline.
 constexpr double crispFrom = 4.0;
 constexpr double gapBesideFrom = 8.0;
 
@@ -178,35 +178,37 @@ namespace {
 /// Where the bars of one series lie across their positions.
 class BarPlaces {
 public:
-    BarPlaces(const SideView& view, double groupLength, std::size_t slot, std::size_t slotCount)
+    /// `pitch` is the room of one position in pixels.
+    BarPlaces(const SideView& view, double pitch, double share, std::size_t slot,
+              std::size_t slotCount)
         : view(view),
-          groupLength(groupLength),
+          pitch(pitch),
+          groupLength(pitch * share),
           slotLength(groupLength / static_cast<double>(slotCount)),
           slot(slot),
           isCrisp(slotLength >= crispFrom),
-          gap(isCrisp && slotCount > 1 && slotLength >= gapBesideFrom ? 1.0 : 0.0) {}
+          gap(slotCount > 1 && slotLength >= gapBesideFrom ? 1.0 : 0.0) {
+        // Gaps finer than pixels would come and go, or shimmer.
+        if (pitch - groupLength < 1.0) {
+            groupLength = pitch;
+            slotLength = pitch / static_cast<double>(slotCount);
+            touches = true;
+        }
+    }
 
-    double reach() const { return 0.5 * groupLength + 1.0; }
+    double reach() const { return 0.5 * pitch + 1.0; }
 
     /// From edge to edge of a bar whose group is centred on a pixel.
     PixelSpan across(double centre) const {
-        PixelSpan span;
-        if (isCrisp) {
-            const auto edge = [&](std::size_t i) {
-                return std::round(slotLength * static_cast<double>(i));
-            };
-            const double start = std::round(centre - 0.5 * groupLength);
-            span = {start + edge(slot), start + edge(slot + 1) - gap};
-        } else {
-            span.low = centre - 0.5 * groupLength + slotLength * static_cast<double>(slot);
-            span.high = span.low + slotLength;
-        }
+        const double start = centre - 0.5 * groupLength;
+        const auto edge = [&](std::size_t i) {
+            const double offset = slotLength * static_cast<double>(i);
+            // Bars that touch share their edges, others are all equally wide.
+            return touches ? std::round(start + offset) : std::round(start) + std::round(offset);
+        };
+        const double low = edge(slot);
         // Never too thin to be seen.
-        if (span.length() < 1.0) {
-            span.low = 0.5 * (span.low + span.high) - 0.5;
-            span.high = span.low + 1.0;
-        }
-        return span;
+        return {low, std::max(edge(slot + 1) - gap, low + 1.0)};
     }
 
     /// The bar's rectangle; nothing where a scale cannot place it. A bar that stands on others
@@ -229,11 +231,13 @@ public:
 
 private:
     const SideView& view;
+    double pitch;
     double groupLength;
     double slotLength;
     std::size_t slot;
     bool isCrisp;
     double gap;
+    bool touches = false;
 };
 
 } // namespace
@@ -345,9 +349,8 @@ void BarSeries::draw(Canvas& canvas) const {
     const BarStyle& style = d->group->style;
     const SideView view(canvas, style.orientation);
     const Private::Ends& ends = d->currentEnds(this);
-    const double length =
-        view.positionLength(style.share * d->currentStep(view.positions().scale()));
-    const BarPlaces places(view, length, ends.slot, ends.slotCount);
+    const double pitch = view.positionLength(d->currentStep(view.positions().scale()));
+    const BarPlaces places(view, pitch, style.share, ends.slot, ends.slotCount);
     const Color color = canvas.look().color;
     const PixelSpan span = view.positionSpan();
     const SampleRange seen = rangeBetween(d->positions, view.positions(), span.low - places.reach(),
@@ -369,8 +372,8 @@ void BarSeries::draw(Canvas& canvas) const {
                           else
                               covered.include(style.baseline);
                           // Wider than a column where many positions are equal.
-                          const PixelSpan across = length < 1.0 ? PixelSpan{column, column + 1.0}
-                                                                : places.across(column + 0.5);
+                          const PixelSpan across = pitch < 1.0 ? PixelSpan{column, column + 1.0}
+                                                               : places.across(column + 0.5);
                           canvas.fillRect(view.rect(across.low, across.high,
                                                     view.valueOrEnd(covered.min),
                                                     view.valueOrEnd(covered.max)),
@@ -389,9 +392,8 @@ std::optional<NearestSample> BarSeries::nearest(const Point& pixel, const ScaleM
     const BarStyle& style = d->group->style;
     const SideView view(x, y, style.orientation);
     const Private::Ends& ends = d->currentEnds(this);
-    const double length =
-        view.positionLength(style.share * d->currentStep(view.positions().scale()));
-    const BarPlaces places(view, length, ends.slot, ends.slotCount);
+    const double pitch = view.positionLength(d->currentStep(view.positions().scale()));
+    const BarPlaces places(view, pitch, style.share, ends.slot, ends.slotCount);
     const PixelSpan span = view.positionSpan();
     const SampleRange seen = rangeBetween(d->positions, view.positions(), span.low - places.reach(),
                                           span.high + places.reach());

@@ -245,6 +245,19 @@ TEST(BarSeries, CostsAsMuchAsTheCanvasHasColumns) {
     EXPECT_EQ(stage.nearest(below, {23.4567, 11.0})->index, 234'567u);
 }
 
+TEST(BarSeries, TouchesItsNeighboursWhereGapsWouldBeFinerThanPixels) {
+    // Positions are two and a half pixels apart, of which the gaps would take half a pixel.
+    std::vector<double> x;
+    for (int i = 0; i < 40; ++i)
+        x.push_back(0.25 * i + 0.125);
+    Stage stage;
+    stage.draw(BarSeries(x, std::vector<double>(40, 1.0)));
+    const auto& lines = stage.painter().lines();
+    EXPECT_EQ(lines[0], "fillRect 0,90 3x10 #0072b2");
+    EXPECT_EQ(lines[1], "fillRect 3,90 2x10 #0072b2");
+    EXPECT_EQ(lines[2], "fillRect 5,90 3x10 #0072b2");
+}
+
 TEST(BarSeries, IsAsWideAsEverWhereManyPositionsAreEqual) {
     Stage stage;
     const BarSeries bars(std::vector<double>(1000, 5.05), std::vector<double>(1000, 3.0));
