@@ -15,6 +15,7 @@
 #include <zembra/series/ColorMap.h>
 #include <zembra/series/ColorScale.h>
 #include <zembra/series/ErrorBarSeries.h>
+#include <zembra/series/FunctionSeries.h>
 #include <zembra/series/HeatMapSeries.h>
 #include <zembra/series/HistogramSeries.h>
 #include <zembra/series/LineSeries.h>

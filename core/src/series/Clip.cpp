@@ -59,13 +59,13 @@ std::optional<std::pair<Point, Point>> clipSegment(const Point& from, const Poin
         !narrow(-dy, from.y - area.top(), enter, leave) ||
         !narrow(dy, area.bottom() - from.y, enter, leave))
         return std::nullopt;
-    // Rounding may leave a cut end a hair outside.
+    // Rounding may leave a cut end a hair outside, and an end that is astronomically far uncut.
     const auto held = [&area](Point p) {
         return Point{std::clamp(p.x, area.left(), area.right()),
                      std::clamp(p.y, area.top(), area.bottom())};
     };
-    return std::pair{enter > 0.0 ? held(between(from, to, enter)) : from,
-                     leave < 1.0 ? held(between(from, to, leave)) : to};
+    return std::pair{enter > 0.0 ? held(between(from, to, enter)) : held(from),
+                     leave < 1.0 ? held(between(from, to, leave)) : held(to)};
 }
 
 void clipPolyline(const std::vector<Point>& points, const Rect& area,

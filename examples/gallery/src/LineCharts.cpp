@@ -96,6 +96,20 @@ std::shared_ptr<Plot> gaps() {
     return plot;
 }
 
+std::shared_ptr<Plot> functions() {
+    auto plot = std::make_shared<Plot>();
+    plot->setTitle("Functions with poles, jumps and edges");
+    plot->axis(2).setTitle("x");
+    plot->axis(2).setRange(-6.5, 6.5);
+    plot->axis(0).setRange(-4.0, 4.0);
+    plot->add<FunctionSeries>([](double x) { return std::tan(x); }, "tan x");
+    plot->add<FunctionSeries>([](double x) { return std::floor(x) / 2.0; }, "⌊x⌋ / 2");
+    plot->add<FunctionSeries>([](double x) { return std::sqrt(x) - 3.5; }, "√x − 3.5");
+    plot->add<FunctionSeries>([](double x) { return 3.0 + std::sin(6.0 / x); }, "3 + sin(6 / x)");
+    plot->legend().setPosition(LegendPosition::OutsideTop);
+    return plot;
+}
+
 } // namespace
 
 Chapter lineCharts() {
@@ -104,6 +118,7 @@ Chapter lineCharts() {
                 {"line", "Lines", line},
                 {"scatter", "Scatter", scatter},
                 {"many-lines", "Many lines", manyLines},
+                {"function", "Functions", functions},
                 {"gaps", "Gaps where a sample is missing", gaps},
             }};
 }
