@@ -14,6 +14,7 @@
 #include <zembra/series/Canvas.h>
 #include <zembra/series/ColorMap.h>
 #include <zembra/series/ColorScale.h>
+#include <zembra/series/ContourSeries.h>
 #include <zembra/series/ErrorBarSeries.h>
 #include <zembra/series/FunctionSeries.h>
 #include <zembra/series/HeatMapSeries.h>

@@ -111,9 +111,13 @@ void FunctionPath::connect(const Sample& from, const Sample& to, int depth) {
         const Sample middle = at(0.5 * (from.pixel.x + to.pixel.x));
         const bool hasMiddle = std::isfinite(middle.pixel.y);
         // A second look beside the middle tells a curve that happens to cross its chord there.
-        const bool settled =
-            hasFrom && hasMiddle && hasTo && isStraight(from, middle, to) &&
-            (depth > 0 || isStraight(from, at(0.75 * from.pixel.x + 0.25 * to.pixel.x), middle));
+        const auto looksStraight = [&] {
+            const bool flat = std::abs(to.pixel.y - from.pixel.y) <= 2.0;
+            return isStraight(from, middle, to) &&
+                   ((depth > 0 && flat) ||
+                    isStraight(from, at(0.5 * (from.pixel.x + middle.pixel.x)), middle));
+        };
+        const bool settled = hasFrom && hasMiddle && hasTo && looksStraight();
         if (!settled && (hasFrom || hasMiddle || hasTo)) {
             connect(from, middle, depth + 1);
             connect(middle, to, depth + 1);

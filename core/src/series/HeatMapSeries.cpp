@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/series/HeatMapSeries.h>
 
-#include "GridBounds.h"
+#include "GridCells.h"
 
 #include <zembra/series/Canvas.h>
 
@@ -196,19 +196,7 @@ void HeatMapSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
 
 std::optional<NearestSample> HeatMapSeries::nearest(const Point& pixel, const ScaleMap& x,
                                                     const ScaleMap& y) const {
-    if (d->grid.isEmpty())
-        return std::nullopt;
-    const auto column = cellAt(d->grid.x(), d->grid.columns(), x.invTransform(pixel.x));
-    const auto row = cellAt(d->grid.y(), d->grid.rows(), y.invTransform(pixel.y));
-    if (!column || !row || !std::isfinite(d->grid.value(*column, *row)))
-        return std::nullopt;
-    const double xCenter = d->grid.xCenter(*column);
-    const double yCenter = d->grid.yCenter(*row);
-    const double distance =
-        std::hypot(x.transform(xCenter) - pixel.x, y.transform(yCenter) - pixel.y);
-    if (!std::isfinite(distance))
-        return std::nullopt;
-    return NearestSample{*row * d->grid.columns() + *column, xCenter, yCenter, distance};
+    return cellBelow(d->grid, pixel, x, y);
 }
 
 } // namespace zembra

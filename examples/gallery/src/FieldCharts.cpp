@@ -67,6 +67,46 @@ std::shared_ptr<Plot> heatMap() {
     return plot;
 }
 
+std::shared_ptr<Plot> contourLines() {
+    auto plot = std::make_shared<Plot>();
+    plot->setTitle("The same hills in steps of fifty metres");
+    plot->axis(2).setTitle("East (km)");
+    plot->axis(0).setTitle("North (km)");
+    plot->axis(2).setRange(0.0, 10.0);
+    plot->axis(0).setRange(0.0, 6.0);
+    const auto series =
+        plot->add<ContourSeries>(sampled(200, 120, {0.0, 10.0}, {0.0, 6.0}, height));
+    std::vector<double> levels;
+    for (int level = 50; level <= 900; level += 50)
+        levels.push_back(level);
+    series->setLevels(levels);
+    series->setColorScale(colored(ColorMap::cividis(), "Height (m)"));
+    return plot;
+}
+
+std::shared_ptr<Plot> filledContours() {
+    auto plot = std::make_shared<Plot>();
+    plot->setTitle("Field of two charges and a plate");
+    plot->setSubtitle("The plate is left out");
+    plot->axis(2).setTitle("x (cm)");
+    plot->axis(0).setTitle("y (cm)");
+    plot->axis(2).setRange(-6.0, 6.0);
+    plot->axis(0).setRange(-4.0, 4.0);
+    const auto potential = [](double x, double y) {
+        if (std::abs(x - 0.4) < 0.35 && std::abs(y + 1.2) < 1.6)
+            return std::numeric_limits<double>::quiet_NaN();
+        return 8.0 / (0.9 + std::hypot(x + 2.5, y - 0.8)) -
+               8.0 / (0.9 + std::hypot(x - 3.0, y + 0.5)) + 0.35 * y;
+    };
+    const auto series =
+        plot->add<ContourSeries>(sampled(260, 180, {-6.2, 6.2}, {-4.2, 4.2}, potential));
+    ColorScale colors = colored(ColorMap::coolWarm(), "Potential (V)");
+    colors.setCenter(0.0);
+    series->setColorScale(colors);
+    series->setStyle(ContourStyle::FilledWithLines);
+    return plot;
+}
+
 std::shared_ptr<Plot> spectrogram() {
     auto plot = std::make_shared<Plot>();
     plot->setTitle("A motor runs up");
@@ -135,6 +175,8 @@ Chapter fieldCharts() {
                 {"heat-map-log", "Heat map with logarithmic colours", spectrogram},
                 {"heat-map-diverging", "Heat map about a centre", diverging},
                 {"heat-map-cyclic", "Heat map of angles", phase},
+                {"contours", "Contour lines", contourLines},
+                {"contours-filled", "Filled contours", filledContours},
             }};
 }
 

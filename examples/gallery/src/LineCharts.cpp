@@ -105,7 +105,8 @@ std::shared_ptr<Plot> functions() {
     plot->add<FunctionSeries>([](double x) { return std::tan(x); }, "tan x");
     plot->add<FunctionSeries>([](double x) { return std::floor(x) / 2.0; }, "⌊x⌋ / 2");
     plot->add<FunctionSeries>([](double x) { return std::sqrt(x) - 3.5; }, "√x − 3.5");
-    plot->add<FunctionSeries>([](double x) { return 3.0 + std::sin(6.0 / x); }, "3 + sin(6 / x)");
+    plot->add<FunctionSeries>([](double x) { return 3.0 + 0.8 * std::sin(6.0 / x); },
+                              "3 + 0.8 sin(6 / x)");
     plot->legend().setPosition(LegendPosition::OutsideTop);
     return plot;
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <zembra/data/Grid.h>
+#include <zembra/scale/ScaleMap.h>
+#include <zembra/series/Series.h>
 
 #include <cmath>
 #include <cstddef>
@@ -35,6 +37,24 @@ inline Interval placedPart(const GridSpan& span, std::size_t count, const Scale&
         include(std::lerp(span.first, span.last,
                           (static_cast<double>(i) + 0.5) / static_cast<double>(count)));
     return part;
+}
+
+/// The cell below a pixel, if it has a value, told by its centre.
+inline std::optional<NearestSample> cellBelow(const Grid& grid, const Point& pixel,
+                                              const ScaleMap& x, const ScaleMap& y) {
+    if (grid.isEmpty())
+        return std::nullopt;
+    const auto column = cellAt(grid.x(), grid.columns(), x.invTransform(pixel.x));
+    const auto row = cellAt(grid.y(), grid.rows(), y.invTransform(pixel.y));
+    if (!column || !row || !std::isfinite(grid.value(*column, *row)))
+        return std::nullopt;
+    const double xCenter = grid.xCenter(*column);
+    const double yCenter = grid.yCenter(*row);
+    const double distance =
+        std::hypot(x.transform(xCenter) - pixel.x, y.transform(yCenter) - pixel.y);
+    if (!std::isfinite(distance))
+        return std::nullopt;
+    return NearestSample{*row * grid.columns() + *column, xCenter, yCenter, distance};
 }
 
 } // namespace zembra
