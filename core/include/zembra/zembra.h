@@ -6,6 +6,7 @@
 #include <zembra/paint/RenderSurface.h>
 #include <zembra/scale/NumberFormat.h>
 #include <zembra/series/AreaSeries.h>
+#include <zembra/series/ArrowAnnotation.h>
 #include <zembra/series/BandSeries.h>
 #include <zembra/series/BarSeries.h>
 #include <zembra/series/Bins.h>
@@ -19,7 +20,11 @@
 #include <zembra/series/FunctionSeries.h>
 #include <zembra/series/HeatMapSeries.h>
 #include <zembra/series/HistogramSeries.h>
+#include <zembra/series/LineAnnotation.h>
 #include <zembra/series/LineSeries.h>
 #include <zembra/series/Quantile.h>
 #include <zembra/series/ScatterSeries.h>
+#include <zembra/series/ShapeAnnotation.h>
+#include <zembra/series/SpanAnnotation.h>
 #include <zembra/series/StemSeries.h>
+#include <zembra/series/TextAnnotation.h>

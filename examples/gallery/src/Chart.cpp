@@ -4,8 +4,8 @@
 namespace gallery {
 
 std::vector<Chapter> chapters() {
-    return {lineCharts(),  amountCharts(), statisticsCharts(),
-            fieldCharts(), scaleCharts(),  themeCharts()};
+    return {lineCharts(),       amountCharts(), statisticsCharts(), fieldCharts(),
+            annotationCharts(), scaleCharts(),  themeCharts()};
 }
 
 } // namespace gallery

@@ -27,6 +27,7 @@ Chapter lineCharts();
 Chapter amountCharts();
 Chapter statisticsCharts();
 Chapter fieldCharts();
+Chapter annotationCharts();
 Chapter scaleCharts();
 Chapter themeCharts();
 
