@@ -18,7 +18,7 @@ std::shared_ptr<Plot> annotations() {
     plot->axis(2).setTitle("Hour");
     plot->axis(2).setRange(0.0, 24.0, 4.0);
     plot->axis(0).setTitle("Temperature (°C)");
-    plot->axis(0).setRange(0.0, 1200.0);
+    plot->axis(0).setRange(0.0, 1400.0);
     const auto temperature = [](double t) {
         const double rise = 1.0 / (1.0 + std::exp(3.2 - 0.95 * t));
         const double fall = 1.0 / (1.0 + std::exp(1.1 * (t - 17.5)));
@@ -36,14 +36,14 @@ std::shared_ptr<Plot> annotations() {
     plot->add<LineAnnotation>(AcrossCanvas::Horizontal, 1050.0, "alarm at 1050 °C")
         ->setColor(alarm);
     const auto peak = plot->add<TextAnnotation>(Position{9.0, temperature(9.0)}, "door jammed");
-    peak->setOffset({95.0, 45.0});
+    peak->setOffset({64.0, -8.0});
     plot->add<ShapeAnnotation>(AnnotationShape::Ellipse,
                                std::vector<Position>{{15.4, 250.0}, {20.4, 860.0}})
         ->setColor(Color(0, 130, 95));
     const auto cooling = plot->add<TextAnnotation>(Position{20.2, 640.0}, "cooling");
-    cooling->setOffset({26.0, -60.0});
+    cooling->setOffset({24.0, -34.0});
     plot->add<ArrowAnnotation>(Position{1.2, 420.0}, Position{3.0, 420.0});
-    plot->add<TextAnnotation>(Position{1.2, 470.0}, "heating")->setOffset({18.0, -6.0});
+    plot->add<TextAnnotation>(Position{2.0, 470.0}, "heating")->setOffset({-2.0, -8.0});
     return plot;
 }
 

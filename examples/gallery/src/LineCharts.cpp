@@ -93,6 +93,7 @@ std::shared_ptr<Plot> gaps() {
     const auto model = plot->add<LineSeries>(hour, mapped(hour, air), "model");
     model->setStyle(PenStyle::Dash);
     plot->add<LineSeries>(hour, measured, "measured");
+    plot->legend().setPosition(LegendPosition::OutsideTop);
     return plot;
 }
 

@@ -57,6 +57,62 @@ std::shared_ptr<Plot> logAxes() {
     return plot;
 }
 
+std::shared_ptr<Plot> symLogAxis() {
+    auto plot = std::make_shared<Plot>();
+    plot->setTitle("Small and large swings in one picture");
+    plot->setSubtitle("Even below 1, logarithmic beyond, to both sides of zero");
+    plot->axis(2).setTitle("Time (s)");
+    plot->axis(0).setTitle("Deviation");
+    plot->axis(0).setScale(Scale::symLog(1.0));
+    const auto time = spaced(0.0, 30.0, 900);
+    plot->add<LineSeries>(
+        time, mapped(time, [](double t) { return 0.05 * std::exp(0.35 * t) * std::sin(2.0 * t); }));
+    return plot;
+}
+
+std::shared_ptr<Plot> customAxis() {
+    auto plot = std::make_shared<Plot>();
+    plot->setTitle("Reaction rate over temperature");
+    plot->setSubtitle("An axis even in 1 / T makes the law of Arrhenius a line");
+    plot->axis(2).setTitle("Temperature (K)");
+    plot->axis(0).setTitle("Rate (1/s)");
+    plot->axis(2).setScale(Scale::custom([](double kelvin) { return -1000.0 / kelvin; },
+                                         [](double even) { return -1000.0 / even; },
+                                         {1.0, 10000.0}));
+    plot->axis(0).setScale(Scale::log());
+    Noise noise(31);
+    const auto inverse = spaced(1.0 / 300.0, 1.0 / 800.0, 24);
+    const auto kelvin = mapped(inverse, [](double v) { return 1.0 / v; });
+    const auto law = [](double t) { return 4.0e9 * std::exp(-7200.0 / t); };
+    plot->add<LineSeries>(kelvin, mapped(kelvin, law), "law");
+    plot->add<ScatterSeries>(
+        kelvin, mapped(kelvin, [&](double t) { return law(t) * std::exp(0.25 * noise.normal()); }),
+        "measured");
+    return plot;
+}
+
+std::shared_ptr<Plot> depth() {
+    auto plot = std::make_shared<Plot>();
+    plot->setTitle("Sound in the sea");
+    plot->axis(0).setTitle("Depth (m)");
+    plot->axis(0).setInverted(true);
+    plot->axis(3).setEnabled(true);
+    plot->axis(2).setEnabled(false);
+    plot->axis(3).setTitle("Speed (m/s)");
+    const auto metres = spaced(0.0, 4000.0, 400);
+    // Source: W. Munk, "Sound channel in an exponentially stratified ocean", 1974.
+    const auto speed = mapped(metres, [](double z) {
+        const double eta = 2.0 * (z - 1300.0) / 1300.0;
+        return 1500.0 * (1.0 + 0.00737 * (eta - 1.0 + std::exp(-eta)));
+    });
+    const auto series = plot->add<LineSeries>(speed, metres);
+    series->setAxes(3, 0);
+    const auto channel =
+        plot->add<LineAnnotation>(AcrossCanvas::Horizontal, 1300.0, "sound channel");
+    channel->setAxes(3, 0);
+    return plot;
+}
+
 std::shared_ptr<Plot> twoAxes() {
     auto plot = std::make_shared<Plot>();
     plot->setTitle("Pressure and flow of a pump");
@@ -81,6 +137,9 @@ Chapter scaleCharts() {
             {
                 {"time-axis", "Calendar time", timeAxis},
                 {"log-axes", "Logarithmic axes", logAxes},
+                {"symlog-axis", "Logarithmic to both sides of zero", symLogAxis},
+                {"custom-axis", "A scale of one's own", customAxis},
+                {"inverted-axis", "Downwards, with the other axis above", depth},
                 {"two-axes", "Two vertical axes", twoAxes},
             }};
 }
