@@ -30,11 +30,11 @@ std::vector<Point> ContourTracer::area(double value) {
     closed = true;
     trace();
     std::vector<Point> polygon;
-    for (const auto& ring : found) {
+    for (const auto& ring : found)
         polygon.insert(polygon.end(), ring.begin(), ring.end());
-        // Rings hang together by lines to and from the first point, which cancel each other.
-        polygon.push_back(found.front().front());
-    }
+    // The lines from each ring to the next, which is near, are cancelled on the way back.
+    for (std::size_t i = found.size(); i-- > 0;)
+        polygon.push_back(found[i].front());
     return polygon;
 }
 

@@ -25,7 +25,7 @@ enum class ContourStyle {
 /// contours run between the outermost centres. Where they can be joined in two ways, at a saddle,
 /// the mean of the four corners decides. Missing values, and those that an axis cannot place, leave
 /// holes. A grid finer than the pixels is read at about one value a pixel.
-/// Complexity: O(canvas pixels · levels) at most.
+/// Complexity: O(columns + rows + canvas pixels · levels) for each frame.
 /// Source: W. Lorensen, H. Cline, "Marching cubes: a high resolution 3D surface construction
 /// algorithm", 1987, in two dimensions.
 class ZEMBRA_EXPORT ContourSeries : public Series {
