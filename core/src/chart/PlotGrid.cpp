@@ -53,7 +53,8 @@ Rect PlotGrid::cellRect(int row, int column, int width, int height) const {
         return {};
     // Whole pixels, the same ones for the end of one cell and the start of the next.
     const auto edge = [](int length, int index, int count) {
-        return static_cast<double>(static_cast<long long>(length) * index / count);
+        const long long pixels = static_cast<long long>(length) * index / count;
+        return static_cast<double>(pixels);
     };
     const double left = edge(width, column, d->columns);
     const double top = edge(height, row, d->rows);

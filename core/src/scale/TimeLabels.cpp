@@ -43,7 +43,7 @@ LocalTime localTime(std::int64_t instant, const ZoneTable& zone) {
     return {civilFromDays(days), seconds / 3600, seconds / 60 % 60, seconds % 60};
 }
 
-std::string tagged(std::string text, const std::string& tag) {
+std::string tagged(const std::string& text, const std::string& tag) {
     return tag.empty() ? text : text + ' ' + tag;
 }
 
@@ -80,7 +80,7 @@ Tick calendarTick(std::int64_t instant, const CalendarStep& step, const ZoneTabl
     tick.label = step.count % 60 == 0
                      ? fmt::format("{:02}:{:02}", time.hour, time.minute)
                      : fmt::format("{:02}:{:02}:{:02}", time.hour, time.minute, time.second);
-    tick.label = tagged(std::move(tick.label), zone.repeatedHourTag(instant));
+    tick.label = tagged(tick.label, zone.repeatedHourTag(instant));
     tick.group = dateText(time.date);
     return tick;
 }
@@ -107,7 +107,7 @@ Tick fractionTick(Decimal instant, int place, const ZoneTable& zone) {
         tick.group = fmt::format("{} {:02}:{:02}:{:02}.{:03}", date, time.hour, time.minute,
                                  time.second, fraction / perMilli);
     }
-    tick.group = tagged(std::move(tick.group), zone.repeatedHourTag(seconds));
+    tick.group = tagged(tick.group, zone.repeatedHourTag(seconds));
     return tick;
 }
 

@@ -25,7 +25,8 @@ struct YearlyChange {
 
     std::int64_t localIn(std::int64_t year) const {
         const std::int64_t first = daysFromCivil({year, month, 1});
-        std::int64_t day = first + (weekday - weekdayOf(first) + 7) % 7 + 7 * (nth - 1);
+        std::int64_t day =
+            first + (weekday - weekdayOf(first) + 7) % 7 + std::int64_t{7} * (nth - 1);
         const int length = daysInMonth(year, month);
         while (isLast && day + 7 < first + length)
             day += 7;

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::int64_t forever = std::numeric_limits<std::int64_t>::max();
 // No zone is further from UTC than this.
-constexpr std::int64_t largestOffset = 2 * 86400;
+constexpr std::int64_t largestOffset = std::int64_t{2} * 86400;
 
 std::vector<ZoneSpan> utcSpans() {
     return {{-forever, forever, 0, "UTC"}};

@@ -53,6 +53,22 @@ struct BarSeries::Group {
     }
 };
 
+namespace {
+
+// The ends of the bars. Bars on a stack have a beginning of their own.
+struct Ends {
+    std::uint64_t revision = 0;
+    bool stacked = false;
+    std::vector<double> from;
+    std::vector<double> to;
+    Samples fromRow;
+    Samples toRow;
+    std::size_t slot = 0;
+    std::size_t slotCount = 1;
+};
+
+} // namespace
+
 struct BarSeries::Private {
     // In order of the positions; without samples that are not finite.
     std::vector<double> positions;
@@ -60,17 +76,7 @@ struct BarSeries::Private {
     std::vector<std::size_t> order;
     std::shared_ptr<Group> group;
 
-    // The ends of the bars, following the group. Bars on a stack have a beginning of their own.
-    struct Ends {
-        std::uint64_t revision = 0;
-        bool stacked = false;
-        std::vector<double> from;
-        std::vector<double> to;
-        Samples fromRow;
-        Samples toRow;
-        std::size_t slot = 0;
-        std::size_t slotCount = 1;
-    };
+    // Following the group.
     mutable std::optional<Ends> ends;
     struct Step {
         std::uint64_t revision;
@@ -128,7 +134,7 @@ void BarSeries::Private::stack(const std::vector<const BarSeries*>& below, Ends&
     result.toRow = Samples::borrowed(positions, result.to);
 }
 
-const BarSeries::Private::Ends& BarSeries::Private::currentEnds(const BarSeries* self) const {
+const Ends& BarSeries::Private::currentEnds(const BarSeries* self) const {
     const std::uint64_t revision = group->revision();
     if (ends && ends->revision == revision)
         return *ends;
@@ -323,7 +329,7 @@ Bounds BarSeries::bounds(const Scale& x, const Scale& y) const {
     return d->boundsCache.get(revision(), x, y, [&] {
         const Scale& positionScale = lies ? y : x;
         const Scale& valueScale = lies ? x : y;
-        const Private::Ends& ends = d->currentEnds(this);
+        const Ends& ends = d->currentEnds(this);
         Interval positions;
         Interval values;
         for (std::size_t i = 0; i < d->positions.size(); ++i) {
@@ -348,7 +354,7 @@ Bounds BarSeries::bounds(const Scale& x, const Scale& y) const {
 void BarSeries::draw(Canvas& canvas) const {
     const BarStyle& style = d->group->style;
     const SideView view(canvas, style.orientation);
-    const Private::Ends& ends = d->currentEnds(this);
+    const Ends& ends = d->currentEnds(this);
     const double pitch = view.positionLength(d->currentStep(view.positions().scale()));
     const BarPlaces places(view, pitch, style.share, ends.slot, ends.slotCount);
     const Color color = canvas.look().color;
@@ -391,7 +397,7 @@ std::optional<NearestSample> BarSeries::nearest(const Point& pixel, const ScaleM
                                                 const ScaleMap& y) const {
     const BarStyle& style = d->group->style;
     const SideView view(x, y, style.orientation);
-    const Private::Ends& ends = d->currentEnds(this);
+    const Ends& ends = d->currentEnds(this);
     const double pitch = view.positionLength(d->currentStep(view.positions().scale()));
     const BarPlaces places(view, pitch, style.share, ends.slot, ends.slotCount);
     const PixelSpan span = view.positionSpan();

@@ -42,7 +42,7 @@ private:
     int stampWidth = 0;
     unsigned enough = 1;
     Color color;
-    std::array<std::vector<std::uint8_t>, placesPerPixel * placesPerPixel> stamps;
+    std::array<std::vector<std::uint8_t>, std::size_t{placesPerPixel} * placesPerPixel> stamps;
     std::vector<std::uint8_t> plane;
     // Of opaque discs, the places of each pixel that have one; of others, how many it has.
     std::vector<std::uint16_t> places;

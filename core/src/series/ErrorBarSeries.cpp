@@ -91,21 +91,23 @@ void ErrorBarSeries::setSamples(std::vector<double> x, std::vector<double> y) {
     changed();
 }
 
-void ErrorBarSeries::setXErrors(std::vector<double> errors) {
+void ErrorBarSeries::setXErrors(const std::vector<double>& errors) {
     d->xEnds = d->ends(d->x, errors, errors);
     changed();
 }
 
-void ErrorBarSeries::setYErrors(std::vector<double> errors) {
+void ErrorBarSeries::setYErrors(const std::vector<double>& errors) {
     setYErrors(errors, errors);
 }
 
-void ErrorBarSeries::setXErrors(std::vector<double> lower, std::vector<double> upper) {
+void ErrorBarSeries::setXErrors(const std::vector<double>& lower,
+                                const std::vector<double>& upper) {
     d->xEnds = d->ends(d->x, lower, upper);
     changed();
 }
 
-void ErrorBarSeries::setYErrors(std::vector<double> lower, std::vector<double> upper) {
+void ErrorBarSeries::setYErrors(const std::vector<double>& lower,
+                                const std::vector<double>& upper) {
     d->yEnds = d->ends(d->y, lower, upper);
     d->lowerRow = Samples::borrowed(d->x, d->yEnds.lower);
     d->upperRow = Samples::borrowed(d->x, d->yEnds.upper);

@@ -35,11 +35,11 @@ public:
     /// Replaces the samples and drops all errors.
     void setSamples(std::vector<double> x, std::vector<double> y);
     /// The same error on either side of each sample.
-    void setXErrors(std::vector<double> errors);
-    void setYErrors(std::vector<double> errors);
+    void setXErrors(const std::vector<double>& errors);
+    void setYErrors(const std::vector<double>& errors);
     /// Errors towards lower and towards higher values.
-    void setXErrors(std::vector<double> lower, std::vector<double> upper);
-    void setYErrors(std::vector<double> lower, std::vector<double> upper);
+    void setXErrors(const std::vector<double>& lower, const std::vector<double>& upper);
+    void setYErrors(const std::vector<double>& lower, const std::vector<double>& upper);
 
     /// Errors: returns false and changes nothing where a number is not finite or below 0.
     bool setStyle(const ErrorBarStyle& style);
