@@ -20,8 +20,6 @@ constexpr double year = 365.2425 * day;
 constexpr double month = year / 12.0;
 // The first Monday after the epoch.
 constexpr std::int64_t someMonday = 4;
-// Slots for the days 1, 3, 5 and so on of a month.
-constexpr std::int64_t slotsPerMonth = 16;
 
 std::vector<CalendarStep> makeSteps() {
     std::vector<CalendarStep> steps;
@@ -68,11 +66,12 @@ std::int64_t indexOf(const CalendarStep& step, std::int64_t localDay) {
     case Unit::Second:
         break;
     }
-    return step.count == 1 ? localDay : monthIndex(date) * slotsPerMonth + (date.day - 1) / 2;
+    // Counted on through the months: ticks at even distances tell more than one on each first.
+    return floorDiv(localDay, step.count);
 }
 
 // The local day at which a step begins.
-std::optional<std::int64_t> dayOf(const CalendarStep& step, std::int64_t index) {
+std::int64_t dayOf(const CalendarStep& step, std::int64_t index) {
     switch (step.unit) {
     case Unit::Year:
         return daysFromCivil({index * step.count, 1, 1});
@@ -89,14 +88,7 @@ std::optional<std::int64_t> dayOf(const CalendarStep& step, std::int64_t index) 
     case Unit::Second:
         break;
     }
-    if (step.count == 1)
-        return index;
-    CivilDate date = firstOfMonth(floorDiv(index, slotsPerMonth));
-    date.day = static_cast<int>(floorMod(index, slotsPerMonth)) * 2 + 1;
-    // A last day right before the first of the next month would stand too close to it.
-    if (date.day >= daysInMonth(date.year, date.month))
-        return std::nullopt;
-    return daysFromCivil(date);
+    return index * step.count;
 }
 
 void addDays(std::vector<std::int64_t>& instants, const CalendarStep& step, std::int64_t first,
@@ -108,11 +100,9 @@ void addDays(std::vector<std::int64_t>& instants, const CalendarStep& step, std:
     const std::int64_t begin = indexOf(step, localDay(first) - 1);
     const std::int64_t end = indexOf(step, localDay(last) + 1);
     for (std::int64_t index = begin; index <= end; ++index) {
-        const auto wanted = dayOf(step, index);
-        if (!wanted)
-            continue;
-        const std::int64_t instant = zone.toInstant(*wanted * secondsPerDay);
-        if (instant >= first && instant <= last && localDay(instant) == *wanted)
+        const std::int64_t wanted = dayOf(step, index);
+        const std::int64_t instant = zone.toInstant(wanted * secondsPerDay);
+        if (instant >= first && instant <= last && localDay(instant) == wanted)
             instants.push_back(instant);
     }
 }
