@@ -12,7 +12,29 @@ namespace {
 // The share of the data's span that automatic ranges leave free at either end.
 constexpr double autoPadding = 0.04;
 
+Scale derivedScale(const Scale& primary, const std::function<double(double)>& forward,
+                   const std::function<double(double)>& inverse) {
+    return Scale::custom(
+        [primary, inverse](double value) { return primary.transform(inverse(value)); },
+        [primary, forward](double position) { return forward(primary.invTransform(position)); });
+}
+
 } // namespace
+
+AxisDerivation::AxisDerivation(std::function<double(double)> forward,
+                               std::function<double(double)> inverse, const Scale& primary)
+    : forward(std::move(forward)),
+      inverse(std::move(inverse)),
+      from(primary),
+      scale(derivedScale(primary, this->forward, this->inverse)) {}
+
+const Scale& AxisDerivation::scaleBeside(const Scale& primary) {
+    if (!(from == primary)) {
+        from = primary;
+        scale = derivedScale(primary, forward, inverse);
+    }
+    return scale;
+}
 
 Axis::Private::Private() {
     follow(std::make_shared<AxisRange>());
@@ -30,7 +52,15 @@ void Axis::Private::follow(const std::shared_ptr<AxisRange>& other) {
     ++revision;
 }
 
+const Scale& Axis::Private::currentScale() const {
+    return derivation ? derivation->scaleBeside(primary->scale()) : scale;
+}
+
 std::pair<double, double> Axis::Private::currentRange() const {
+    if (derivation) {
+        const auto [first, second] = primary->range();
+        return {derivation->forward(first), derivation->forward(second)};
+    }
     if (!range->autoScale && scale.contains(range->first) && scale.contains(range->second))
         return {range->first, range->second};
     DataCover all;
@@ -73,7 +103,7 @@ void Axis::setScale(const Scale& scale) {
 }
 
 const Scale& Axis::scale() const {
-    return d->scale;
+    return d->currentScale();
 }
 
 std::pair<double, double> Axis::range() const {
@@ -81,6 +111,13 @@ std::pair<double, double> Axis::range() const {
 }
 
 bool Axis::setRange(double first, double second, double step) {
+    if (d->derivation) {
+        const auto& inverse = d->derivation->inverse;
+        if (!d->primary->setRange(inverse(first), inverse(second)))
+            return false;
+        d->range->step = std::isfinite(step) && step > 0.0 ? step : 0.0;
+        return true;
+    }
     if (!d->scale.contains(first) || !d->scale.contains(second) || first == second)
         return false;
     d->range->first = first;
@@ -91,6 +128,8 @@ bool Axis::setRange(double first, double second, double step) {
 }
 
 void Axis::setAutoScale(bool on) {
+    if (d->derivation)
+        return d->primary->setAutoScale(on);
     if (on == d->range->autoScale)
         return;
     // Back to the data is where labels may take less room again.
@@ -103,10 +142,15 @@ void Axis::setAutoScale(bool on) {
 }
 
 bool Axis::isAutoScale() const {
-    return d->range->autoScale;
+    return d->derivation ? d->primary->isAutoScale() : d->range->autoScale;
 }
 
 void Axis::setInverted(bool on) {
+    if (d->derivation) {
+        if (isInverted() != on)
+            d->primary->setInverted(!d->primary->isInverted());
+        return;
+    }
     d->inverted = on;
     if (!d->range->autoScale && (d->range->first > d->range->second) != on)
         std::swap(d->range->first, d->range->second);
@@ -117,8 +161,24 @@ bool Axis::isInverted() const {
     return first > second;
 }
 
+bool Axis::setDerived(std::function<double(double)> forward,
+                      std::function<double(double)> inverse) {
+    if (!d->primary)
+        return false;
+    unlink();
+    if (forward && inverse)
+        d->derivation.emplace(std::move(forward), std::move(inverse), d->primary->scale());
+    else
+        d->derivation.reset();
+    return true;
+}
+
+bool Axis::isDerived() const {
+    return d->derivation.has_value();
+}
+
 void Axis::linkTo(Axis& other) {
-    if (other.d->range == d->range)
+    if (d->derivation || other.d->derivation || other.d->range == d->range)
         return;
     d->scale = other.d->scale;
     d->inverted = other.d->inverted;
@@ -133,6 +193,15 @@ void Axis::unlink() {
 
 bool Axis::isLinkedTo(const Axis& other) const {
     return d->range == other.d->range;
+}
+
+void Axis::setNumberFormat(const NumberFormat& format) {
+    d->numberFormat = format;
+    ++d->revision;
+}
+
+const NumberFormat& Axis::numberFormat() const {
+    return d->numberFormat;
 }
 
 void Axis::setGridVisible(bool on) {

@@ -11,7 +11,7 @@ namespace {
 // Distances between labels along an axis, in font sizes; ticks are asked for a little farther
 // apart.
 constexpr double labelGap = 0.8;
-constexpr double horizontalTickDistance = 6.5;
+constexpr double horizontalTickDistance = 5.0;
 constexpr double verticalTickDistance = 3.0;
 constexpr int fewestTicks = 3;
 // Numbers are written in no more room than this takes, so that the canvas never moves for them.
@@ -91,6 +91,7 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
     layout.map = map;
     TickRequest request;
     request.step = axis.step;
+    request.format = axis.format;
     request.maxMajor = mostTicks(length, font.pixelSize(), horizontal);
     if (memory.maxMajor > 0 && isSameSpan(memory.span, evenSpan(map)))
         request.maxMajor = memory.maxMajor;

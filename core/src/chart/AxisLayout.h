@@ -4,6 +4,7 @@
 #include "TextMeasure.h"
 
 #include <zembra/chart/Theme.h>
+#include <zembra/scale/NumberFormat.h>
 #include <zembra/scale/ScaleMap.h>
 
 #include <cstdint>
@@ -43,6 +44,7 @@ struct AxisRequest {
     std::uint64_t revision = 0;
     /// The host's own distance of ticks, 0 for none.
     double step = 0.0;
+    const NumberFormat* format = nullptr;
 };
 
 /// Chooses ticks whose labels do not overlap along an axis.

@@ -2,9 +2,13 @@
 #pragma once
 
 #include <zembra/chart/Axis.h>
+#include <zembra/scale/NumberFormat.h>
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace zembra {
@@ -31,6 +35,21 @@ struct AxisRange {
     std::vector<Axis::Private*> axes;
 };
 
+/// How an axis tells the values of its primary one in a unit of its own.
+struct AxisDerivation {
+    AxisDerivation(std::function<double(double)> forward, std::function<double(double)> inverse,
+                   const Scale& primary);
+    /// The scale on which a value lies beside its equal on `primary`.
+    const Scale& scaleBeside(const Scale& primary);
+
+    std::function<double(double)> forward;
+    std::function<double(double)> inverse;
+
+private:
+    Scale from;
+    Scale scale;
+};
+
 struct Axis::Private {
     Private();
     ~Private();
@@ -39,6 +58,8 @@ struct Axis::Private {
 
     /// Leaves the axes it is linked with and follows `other`.
     void follow(const std::shared_ptr<AxisRange>& other);
+    /// The scale in force, a derived one included.
+    const Scale& currentScale() const;
     /// The current range, first end first.
     std::pair<double, double> currentRange() const;
 
@@ -50,6 +71,11 @@ struct Axis::Private {
     std::shared_ptr<AxisRange> range;
     bool inverted = false;
     bool gridVisible = true;
+    NumberFormat numberFormat;
+    /// The axis 0 or 2 that runs along the same way; null where there is none.
+    Axis* primary = nullptr;
+    /// Refreshed when the primary axis has taken another scale.
+    mutable std::optional<AxisDerivation> derivation;
     /// What the series of the axis' plot cover along it.
     std::function<DataCover()> cover;
 };

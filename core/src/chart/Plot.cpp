@@ -14,21 +14,42 @@ Plot::Private::Private() {
     axis(3).gridVisible = false;
     for (int id = 0; id < axisCount; ++id)
         axis(id).cover = [this, id] { return coverOf(id); };
+    for (const int id : {1, 3})
+        axis(id).primary = &axes[static_cast<std::size_t>(primaryOf(id))];
 }
 
-DataCover Plot::Private::coverOf(int id) const {
+DataCover Plot::Private::ownCoverOf(int id) const {
     DataCover cover;
     for (const auto& s : series) {
         if (!s->isVisible() || (isHorizontalAxis(id) ? s->xAxis() : s->yAxis()) != id)
             continue;
-        const Bounds bounds = s->bounds(axis(s->xAxis()).scale, axis(s->yAxis()).scale);
+        const Bounds bounds =
+            s->bounds(axis(s->xAxis()).currentScale(), axis(s->yAxis()).currentScale());
         cover.include(isHorizontalAxis(id) ? DataCover{bounds.x, bounds.xFromZero}
                                            : DataCover{bounds.y, bounds.yFromZero});
     }
     return cover;
 }
 
+DataCover Plot::Private::coverOf(int id) const {
+    DataCover cover = ownCoverOf(id);
+    if (id != primaryOf(id) || !axis(id + 1).derivation)
+        return cover;
+    // What lies on the derived axis has to fit as well.
+    const DataCover beside = ownCoverOf(id + 1);
+    if (!beside.values.isEmpty()) {
+        const auto& inverse = axis(id + 1).derivation->inverse;
+        cover.values.include(inverse(beside.values.min));
+        cover.values.include(inverse(beside.values.max));
+    }
+    return cover;
+}
+
 std::pair<double, double> Plot::Private::range(int id, const Rect& area) const {
+    if (const auto& derivation = axis(id).derivation) {
+        const auto [first, second] = range(primaryOf(id), area);
+        return {derivation->forward(first), derivation->forward(second)};
+    }
     const auto own = axis(id).currentRange();
     const int other = id == 0 ? 2 : 0;
     if (!(aspect > 0.0) || area.isEmpty() || (id != 0 && id != 2) || !axis(0).scale.isLinear() ||
@@ -53,8 +74,8 @@ std::pair<double, double> Plot::Private::range(int id, const Rect& area) const {
 ScaleMap Plot::Private::mapOver(int id, const Rect& area) const {
     const auto [first, second] = range(id, area);
     return isHorizontalAxis(id)
-               ? ScaleMap(axis(id).scale, area.left(), area.right(), first, second)
-               : ScaleMap(axis(id).scale, area.bottom(), area.top(), first, second);
+               ? ScaleMap(axis(id).currentScale(), area.left(), area.right(), first, second)
+               : ScaleMap(axis(id).currentScale(), area.bottom(), area.top(), first, second);
 }
 
 std::vector<LegendName> Plot::Private::legendNames() const {

@@ -47,6 +47,10 @@ double horizontalAxisRoom(const Scale& scale, bool hasTitle, const Theme& theme)
            titleGap;
 }
 
+AxisRequest requestOf(const auto& axis) {
+    return {axis.revision, axis.range->step, &axis.numberFormat};
+}
+
 } // namespace
 
 PlotLayout Plot::Private::layOut(double width, double height, const Margins& least) {
@@ -93,15 +97,14 @@ PlotLayout Plot::Private::layOut(double width, double height, const Margins& lea
             if (enabled(id))
                 (id == 2 ? margins.bottom : margins.top) =
                     (id == 2 ? 0.0 : margins.top) +
-                    horizontalAxisRoom(axis(id).scale, hasTitle(id), theme);
+                    horizontalAxisRoom(axis(id).currentScale(), hasTitle(id), theme);
 
         for (const int id : {0, 1}) {
             if (!enabled(id))
                 continue;
             auto& made = layout.axes[static_cast<std::size_t>(id)];
-            made = layoutAxis({axis(id).revision, axis(id).range->step},
-                              mapOver(id, inside(margins, width, height)), false, theme, measure,
-                              memory.axes[static_cast<std::size_t>(id)]);
+            made = layoutAxis(requestOf(axis(id)), mapOver(id, inside(margins, width, height)),
+                              false, theme, measure, memory.axes[static_cast<std::size_t>(id)]);
             (id == 0 ? margins.left : margins.right) = verticalAxisRoom(*made, hasTitle(id), theme);
         }
         // Half of the outermost label of a horizontal axis reaches over the canvas.
@@ -144,8 +147,8 @@ PlotLayout Plot::Private::layOut(double width, double height, const Margins& lea
         const auto index = static_cast<std::size_t>(id);
         if (isHorizontalAxis(id) || !layout.axes[index])
             layout.axes[index] =
-                layoutAxis({axis(id).revision, axis(id).range->step}, mapOver(id, layout.canvas),
-                           isHorizontalAxis(id), theme, measure, memory.axes[index]);
+                layoutAxis(requestOf(axis(id)), mapOver(id, layout.canvas), isHorizontalAxis(id),
+                           theme, measure, memory.axes[index]);
         else
             layout.axes[index]->map = mapOver(id, layout.canvas);
     }

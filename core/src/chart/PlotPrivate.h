@@ -56,6 +56,11 @@ struct LayoutMemory {
     std::optional<LegendPosition> legendCorner;
 };
 
+/// The axis 0 or 2 along the same direction.
+constexpr int primaryOf(int axis) {
+    return axis / 2 * 2;
+}
+
 struct Plot::Private {
     Private();
 
@@ -63,6 +68,7 @@ struct Plot::Private {
     const Axis::Private& axis(int id) const { return *axes[static_cast<std::size_t>(id)].d; }
 
     DataCover coverOf(int id) const;
+    DataCover ownCoverOf(int id) const;
     /// The current range of an axis over `area`, first end first, widened where the aspect asks.
     std::pair<double, double> range(int id, const Rect& area) const;
     ScaleMap mapOver(int id, const Rect& area) const;

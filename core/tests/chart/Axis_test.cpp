@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "support/RecordingPainter.h"
+
 #include <zembra/chart/Plot.h>
 #include <zembra/series/LineSeries.h>
 
@@ -7,6 +9,7 @@
 #include <limits>
 
 using namespace zembra;
+using zembra::test::RecordingPainter;
 
 namespace {
 
@@ -108,4 +111,122 @@ TEST(Axis, ALinkedAxisMayOutliveTheOther) {
     EXPECT_LT(kept.axis(2).range().second, 2.0);
     EXPECT_TRUE(kept.axis(2).setRange(7.0, 8.0));
     EXPECT_EQ(kept.scaleMap(2).s1(), 7.0);
+}
+
+namespace {
+
+double fahrenheit(double celsius) {
+    return celsius * 1.8 + 32.0;
+}
+
+double celsius(double fahrenheit) {
+    return (fahrenheit - 32.0) / 1.8;
+}
+
+} // namespace
+
+TEST(Axis, ADerivedOneTellsThePrimaryRangeInItsOwnUnit) {
+    Plot plot;
+    plot.axis(0).setRange(-10.0, 30.0);
+    ASSERT_TRUE(plot.axis(1).setDerived(fahrenheit, celsius));
+    EXPECT_TRUE(plot.axis(1).isDerived());
+    EXPECT_DOUBLE_EQ(plot.axis(1).range().first, 14.0);
+    EXPECT_DOUBLE_EQ(plot.axis(1).range().second, 86.0);
+    plot.axis(1).setRange(32.0, 212.0);
+    EXPECT_NEAR(plot.axis(0).range().first, 0.0, 1e-12);
+    EXPECT_NEAR(plot.axis(0).range().second, 100.0, 1e-12);
+    plot.setAxisScale(1, 50.0, 68.0);
+    EXPECT_NEAR(plot.axis(0).range().second, 20.0, 1e-12);
+}
+
+TEST(Axis, ValuesOfADerivedOneLieBesideTheirEquals) {
+    for (const Scale& scale : {Scale::linear(), Scale::log()}) {
+        Plot plot;
+        plot.axis(0).setScale(scale);
+        plot.axis(0).setRange(1.0, 1000.0);
+        // A falling function: wavelengths beside frequencies.
+        const auto other = [](double value) { return 300.0 / value; };
+        plot.axis(1).setDerived(other, other);
+        plot.setAxisEnabled(1, true);
+        RecordingPainter painter;
+        plot.renderInto(painter, 640, 480);
+        for (const double value : {1.0, 2.0, 30.0, 500.0, 1000.0})
+            EXPECT_NEAR(plot.scaleMap(1).transform(other(value)), plot.scaleMap(0).transform(value),
+                        1e-9);
+        EXPECT_DOUBLE_EQ(plot.scaleMap(1).s1(), 300.0);
+        EXPECT_DOUBLE_EQ(plot.scaleMap(1).s2(), 0.3);
+        EXPECT_FALSE(painter.sawWildNumber());
+    }
+}
+
+TEST(Axis, ADerivedOneFollowsANewScaleOfItsPrimary) {
+    Plot plot;
+    plot.axis(0).setRange(1.0, 100.0);
+    plot.axis(1).setDerived([](double value) { return 2.0 * value; },
+                            [](double value) { return 0.5 * value; });
+    plot.axis(0).setScale(Scale::log());
+    RecordingPainter painter;
+    plot.renderInto(painter, 640, 480);
+    EXPECT_NEAR(plot.scaleMap(1).transform(20.0), plot.scaleMap(0).transform(10.0), 1e-9);
+}
+
+TEST(Axis, SeriesOnADerivedAxisCountForThePrimaryRange) {
+    Plot plot;
+    plot.axis(1).setDerived(fahrenheit, celsius);
+    plot.add<LineSeries>(std::vector{0.0, 1.0}, std::vector{0.0, 10.0});
+    auto warm = plot.add<LineSeries>(std::vector{0.0, 1.0}, std::vector{32.0, 122.0});
+    warm->setAxes(2, 1);
+    const Range range = plot.axis(0).range();
+    EXPECT_LE(range.first, 0.0);
+    EXPECT_GE(range.second, 50.0);
+    EXPECT_LT(range.second, 60.0);
+}
+
+TEST(Axis, ADerivedOneHandsDirectionAndAutomaticScalingToItsPrimary) {
+    Plot plot;
+    plot.axis(0).setRange(0.0, 10.0);
+    plot.axis(1).setDerived([](double value) { return -value; },
+                            [](double value) { return -value; });
+    EXPECT_TRUE(plot.axis(1).isInverted());
+    plot.axis(1).setInverted(false);
+    EXPECT_EQ(plot.axis(0).range(), (Range{10.0, 0.0}));
+    plot.axis(1).setAutoScale(true);
+    EXPECT_TRUE(plot.axis(0).isAutoScale());
+    EXPECT_TRUE(plot.axis(1).isAutoScale());
+}
+
+TEST(Axis, ADerivedOneStandsForItselfAgainWithoutFunctions) {
+    Plot plot;
+    plot.axis(0).setRange(0.0, 10.0);
+    plot.axis(1).setRange(3.0, 4.0);
+    plot.axis(1).setDerived(fahrenheit, celsius);
+    plot.axis(1).linkTo(plot.axis(0));
+    EXPECT_FALSE(plot.axis(1).isLinkedTo(plot.axis(0)));
+    EXPECT_TRUE(plot.axis(1).setDerived({}, {}));
+    EXPECT_FALSE(plot.axis(1).isDerived());
+    EXPECT_EQ(plot.axis(1).range(), (Range{3.0, 4.0}));
+}
+
+TEST(Axis, OnlySecondAxesCanBeDerived) {
+    Plot plot;
+    EXPECT_FALSE(plot.axis(0).setDerived(fahrenheit, celsius));
+    EXPECT_FALSE(plot.axis(2).setDerived(fahrenheit, celsius));
+    EXPECT_FALSE(plot.axis(7).setDerived(fahrenheit, celsius));
+    EXPECT_TRUE(plot.axis(3).setDerived(fahrenheit, celsius));
+}
+
+TEST(Axis, TellsItsNumbersInTheFormatItIsGiven) {
+    Plot plot;
+    plot.axis(0).setRange(0.0, 1.0);
+    plot.axis(2).setRange(0.0, 20e3);
+    plot.axis(0).setNumberFormat(NumberFormat::percent());
+    plot.axis(2).setNumberFormat(NumberFormat::siPrefix("Hz"));
+    RecordingPainter painter;
+    plot.renderInto(painter, 640, 480);
+    EXPECT_NE(painter.text().find("\"100%\""), std::string::npos) << painter.text();
+    EXPECT_NE(painter.text().find("kHz\""), std::string::npos) << painter.text();
+    plot.axis(0).setNumberFormat({});
+    RecordingPainter plain;
+    plot.renderInto(plain, 640, 480);
+    EXPECT_EQ(plain.text().find('%'), std::string::npos);
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/HostileNumbers.h"
 #include "support/TextBoxPainter.h"
 
 #include <zembra/chart/Plot.h>
@@ -13,12 +14,11 @@
 #include <random>
 
 using namespace zembra;
+using zembra::test::notANumber;
 using zembra::test::RecordingPainter;
 using zembra::test::TextBoxPainter;
 
 namespace {
-
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 std::vector<double> counted(int n) {
     std::vector<double> values;
@@ -256,4 +256,36 @@ TEST(Plot, AFixedAspectKeepsCirclesRound) {
     }
     plot.setAspectRatio(notANumber);
     EXPECT_EQ(plot.aspectRatio(), 0.0);
+}
+
+TEST(Plot, HostileNumbersNeitherHangNorReachThePainter) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    const double largest = std::numeric_limits<double>::max();
+    const double smallest = std::numeric_limits<double>::denorm_min();
+    const double hostile[] = {
+        0.0,     -0.0,     1.0,      -1.0,      notANumber, infinity, -infinity,
+        largest, -largest, smallest, -smallest, 1e300,      1e-300,   std::nextafter(1.0, 2.0),
+        1e15,    1e15 + 1};
+    const Scale scales[] = {Scale::linear(), Scale::log(),    Scale::log(2.0),
+                            Scale::time(),   Scale::symLog(), Scale::categorical({"a", "b"})};
+    for (const Scale& scale : scales)
+        for (double a : hostile)
+            for (double b : hostile) {
+                Plot plot;
+                plot.axis(0).setScale(scale);
+                plot.axis(2).setScale(scale);
+                plot.add<LineSeries>(std::vector{a, b, 1.0}, std::vector{b, a, b}, "line");
+                plot.add<ScatterSeries>(std::vector{b, a}, std::vector{a, b}, "discs");
+                RecordingPainter painter;
+                plot.renderInto(painter, 320, 240);
+                plot.setAxisScale(0, a, b);
+                plot.setAxisScale(2, b, a, a);
+                plot.renderInto(painter, 320, 240);
+                EXPECT_FALSE(painter.sawWildNumber()) << a << ' ' << b;
+                EXPECT_LT(painter.count(), 2000u) << a << ' ' << b;
+                for (int axis : {0, 2}) {
+                    const auto [first, second] = plot.axis(axis).range();
+                    EXPECT_TRUE(std::isfinite(first) && std::isfinite(second) && first != second);
+                }
+            }
 }

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <zembra/scale/NumberFormat.h>
 #include <zembra/scale/Scale.h>
 #include <zembra/zembra_export.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -47,13 +49,27 @@ public:
     void setInverted(bool on);
     bool isInverted() const;
 
+    /// Lets axis 1 or 3 tell the values of axis 0 or 2 in a unit of its own, as Fahrenheit beside
+    /// Celsius: it reads `forward(value)` where its primary axis reads `value`. It then has neither
+    /// scale nor range of its own: what is set here goes to the primary axis, a scale waits until
+    /// the axis stands for itself again. `inverse` undoes `forward`; both are strictly monotone.
+    /// Empty functions end it.
+    /// Errors: returns false and changes nothing for an axis without a primary one.
+    bool setDerived(std::function<double(double)> forward, std::function<double(double)> inverse);
+    bool isDerived() const;
+
     /// Shares one range with `other` from now on, and takes over its scale: they pan and zoom
     /// together, and an automatic range covers the data on all of them. The other axis may belong
-    /// to another plot, and either may go away first.
+    /// to another plot, and either may go away first. Derived axes cannot be linked.
     void linkTo(Axis& other);
     /// Goes on alone with the range as it is.
     void unlink();
     bool isLinkedTo(const Axis& other) const;
+
+    /// How the numbers at the ticks are told; at first by itself, as short as their distance
+    /// allows.
+    void setNumberFormat(const NumberFormat& format);
+    const NumberFormat& numberFormat() const;
 
     /// Grid lines run from the major ticks; at first those of the axes 0 and 2.
     void setGridVisible(bool on);
