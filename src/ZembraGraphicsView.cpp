@@ -329,9 +329,7 @@ bool ZembraGraphicsView::mappedAxisRange(int axisId, double firstPixel, double s
     const ScaleMap map = plot->scaleMap(axisId);
     range.first = map.invTransform(firstPixel);
     range.second = map.invTransform(secondPixel);
-    // Far out on a logarithmic axis a value rounds to 0, which the axis would refuse.
-    return isFinite(range.first) && isFinite(range.second) && range.first != range.second &&
-           map.scale().contains(range.first) && map.scale().contains(range.second);
+    return isFinite(range.first) && isFinite(range.second) && range.first != range.second;
 }
 
 InteractionMode ZembraGraphicsView::interactionMode() const {
