@@ -2,34 +2,18 @@
 #include <QtRenderSurface.h>
 #include <ZembraGraphicsItem.h>
 
-#include <zembra/series/LineSeries.h>
-#include <zembra/series/ScatterSeries.h>
+#include <support/Plots.h>
 
 #include <QGraphicsScene>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <cmath>
 #include <cstdint>
 
 using namespace zembra;
 
 namespace {
-
-std::shared_ptr<Plot> wave() {
-    auto plot = std::make_shared<Plot>();
-    plot->setTitle("Wave");
-    std::vector<double> x, y, z;
-    for (int i = 0; i < 200; ++i) {
-        x.push_back(i * 0.1);
-        y.push_back(std::sin(i * 0.1));
-        z.push_back(std::cos(i * 0.07) * 2.0);
-    }
-    plot->add<LineSeries>(x, y, "sine");
-    plot->add<ScatterSeries>(x, z, "cosine");
-    return plot;
-}
 
 QImage blank(int width, int height) {
     QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
@@ -108,7 +92,7 @@ private Q_SLOTS:
 
     void thePlotIsAskedToRenderEvenWithoutArea() {
         ZembraGraphicsItem item;
-        const auto plot = wave();
+        const auto plot = makePlot();
         item.setPlot(plot);
         QImage image = blank(800, 600);
         QPainter painter(&image);
@@ -124,7 +108,7 @@ private Q_SLOTS:
     void takesOverThePlotItIsGiven() {
         ZembraGraphicsItem item;
         QSignalSpy updates(&item, &ZembraGraphicsItem::plotUpdated);
-        auto plot = wave();
+        auto plot = makePlot();
         const Plot* address = plot.get();
         item.setSize(300, 200);
         item.setPlot(std::move(plot));
@@ -136,13 +120,13 @@ private Q_SLOTS:
     }
 
     void sharesThePlotUntilItGetsAnotherOrGoes() {
-        auto plot = wave();
+        auto plot = makePlot();
         const std::weak_ptr<Plot> watched = plot;
         {
             ZembraGraphicsItem item;
             item.setPlot(plot);
             QCOMPARE(watched.use_count(), 2L);
-            item.setPlot(wave());
+            item.setPlot(makePlot());
             QCOMPARE(watched.use_count(), 1L);
             item.setPlot(plot);
             item.setPlot(nullptr);
@@ -156,7 +140,7 @@ private Q_SLOTS:
 
     void resetZoomFreesAllAxesAndThenTellsOnce() {
         ZembraGraphicsItem item;
-        const auto plot = wave();
+        const auto plot = makePlot();
         item.setPlot(plot);
         for (int axis = 0; axis < 4; ++axis) {
             plot->setAxisScale(axis, 1.0, 2.0);
@@ -179,14 +163,14 @@ private Q_SLOTS:
         QSignalSpy updates(&item, &ZembraGraphicsItem::plotUpdated);
         item.resetZoom();
         QCOMPARE(updates.size(), 0);
-        item.setPlot(wave());
+        item.setPlot(makePlot());
         item.resetZoom();
         QCOMPARE(updates.size(), 1);
     }
 
     void thePlotMayBeTakenAwayWhileItsUpdateIsTold() {
         ZembraGraphicsItem item;
-        item.setPlot(wave());
+        item.setPlot(makePlot());
         connect(&item, &ZembraGraphicsItem::plotUpdated, this, [&] { item.setPlot(nullptr); });
         item.resetZoom();
         QVERIFY(!item.plot());
@@ -206,7 +190,7 @@ private Q_SLOTS:
     void paintingAPlotLeavesAllThreeHintsOnAndNoStateSaved() {
         ZembraGraphicsItem item;
         item.setSize(200, 150);
-        item.setPlot(wave());
+        item.setPlot(makePlot());
         QImage image = blank(200, 150);
         {
             QPainter painter(&image);
@@ -224,13 +208,7 @@ private Q_SLOTS:
 
     void drawsNothingOfItsOwnAroundThePlot() {
         // What the plot leaves out stays as the scene has it.
-        const auto plot = std::make_shared<Plot>();
-        Theme bare = plot->theme();
-        bare.background = Color(0, 0, 0, 0);
-        bare.canvas = Color(0, 0, 0, 0);
-        plot->setTheme(bare);
-        plot->setAxisEnabled(0, false);
-        plot->setAxisEnabled(2, false);
+        const auto plot = makeBarePlot();
         ZembraGraphicsItem item;
         item.setPlot(plot);
         item.setSize(200, 150);
@@ -257,10 +235,10 @@ private Q_SLOTS:
         QFETCH(const bool, zoomed);
         constexpr int width = 503;
         constexpr int height = 311;
-        const auto plot = wave();
+        const auto plot = makePlot();
         if (zoomed) {
             plot->setAxisScale(2, 3.0, 9.0);
-            plot->setAxisScale(0, -0.4, 0.7);
+            plot->setAxisScale(0, -40.0, 70.0);
         }
         QtRenderSurface surface;
         surface.create(width, height);
@@ -295,7 +273,7 @@ private Q_SLOTS:
         QFETCH(const int, change);
         QGraphicsScene scene(0, 0, 2000, 2000);
         auto* item = new ZembraGraphicsItem;
-        item->setPlot(wave());
+        item->setPlot(makePlot());
         scene.addItem(item);
         QRectF changed;
         connect(&scene, &QGraphicsScene::changed, this, [&](const QList<QRectF>& regions) {
@@ -311,7 +289,7 @@ private Q_SLOTS:
         changed = QRectF();
         const QRectF before = item->boundingRect();
         if (change == 0)
-            item->setPlot(wave());
+            item->setPlot(makePlot());
         else if (change == 1)
             item->setSize(400, 900);
         else

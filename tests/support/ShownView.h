@@ -5,27 +5,14 @@
 
 #include <ZembraGraphicsView.h>
 #include <ZembraNavigationController.h>
-#include <zembra/series/LineSeries.h>
+#include <support/Plots.h>
 
 #include <QAction>
 #include <QRubberBand>
 #include <QSignalSpy>
 
-#include <cmath>
-#include <vector>
-
-/// A plot of one wave: x from 0 to 10, y from -100 to 100.
-inline std::shared_ptr<zembra::Plot> makePlot() {
-    auto plot = std::make_shared<zembra::Plot>();
-    std::vector<double> x;
-    std::vector<double> y;
-    for (int i = 0; i <= 200; ++i) {
-        x.push_back(i / 20.0);
-        y.push_back(100.0 * std::sin(i / 20.0));
-    }
-    plot->add<zembra::LineSeries>(x, y, "wave");
-    return plot;
-}
+#include <memory>
+#include <utility>
 
 /// Writes down which signals of a view were emitted, in order: "clicked", "mode 1",
 /// "axis 2", "updated", "reset".
