@@ -2,7 +2,7 @@
 #include <zembra/series/AreaSeries.h>
 
 #include "BandFill.h"
-#include "SortedRows.h"
+#include "NearestPoint.h"
 
 #include <zembra/series/Canvas.h>
 
@@ -81,8 +81,8 @@ void AreaSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
     }
 }
 
-std::optional<NearestSample> AreaSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                 const ScaleMap& y) const {
+std::optional<NearestSample> AreaSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                     const ScaleMap& y) const {
     return nearestPoint(d->samples, pixel, x, y);
 }
 

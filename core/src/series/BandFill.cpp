@@ -3,7 +3,6 @@
 
 #include "SideView.h"
 #include "SortedReduction.h"
-#include "SortedRows.h"
 
 #include <zembra/series/Canvas.h>
 

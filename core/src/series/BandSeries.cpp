@@ -2,6 +2,7 @@
 #include <zembra/series/BandSeries.h>
 
 #include "BandFill.h"
+#include "NearestPoint.h"
 #include "SortedRows.h"
 
 #include <zembra/data/Samples.h>
@@ -95,8 +96,8 @@ void BandSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
     }
 }
 
-std::optional<NearestSample> BandSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                 const ScaleMap& y) const {
+std::optional<NearestSample> BandSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                     const ScaleMap& y) const {
     const auto low = nearestPoint(d->lowerRow, pixel, x, y);
     const auto high = nearestPoint(d->upperRow, pixel, x, y);
     return low && (!high || low->distance < high->distance) ? low : high;

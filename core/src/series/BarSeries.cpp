@@ -393,8 +393,8 @@ void BarSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
     canvas.fillRect(area, canvas.look().color);
 }
 
-std::optional<NearestSample> BarSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                const ScaleMap& y) const {
+std::optional<NearestSample> BarSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                    const ScaleMap& y) const {
     const BarStyle& style = d->group->style;
     const SideView view(x, y, style.orientation);
     const Ends& ends = d->currentEnds(this);

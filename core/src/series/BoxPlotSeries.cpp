@@ -216,8 +216,8 @@ void BoxPlotSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
                     Pen(canvas.look().color, d->style.lineWidth + 1.25));
 }
 
-std::optional<NearestSample> BoxPlotSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                    const ScaleMap& y) const {
+std::optional<NearestSample> BoxPlotSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                        const ScaleMap& y) const {
     const SideView view(x, y, d->style.orientation);
     const double half = 0.5 * d->length(view);
     const auto found = nearestOfAll(d->order.size(), [&](std::size_t k) {

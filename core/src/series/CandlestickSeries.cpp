@@ -231,8 +231,8 @@ void CandlestickSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
     candle(area.x + 0.75 * area.width, colors.down);
 }
 
-std::optional<NearestSample> CandlestickSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                        const ScaleMap& y) const {
+std::optional<NearestSample> CandlestickSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                            const ScaleMap& y) const {
     const Rect area = areaOf(x, y);
     const double half = std::max(0.5 * d->length(x), 0.5);
     const auto place = [&](std::size_t i) { return heldPixel(x, d->x[i]); };

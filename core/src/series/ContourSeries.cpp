@@ -228,8 +228,8 @@ void ContourSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
     }
 }
 
-std::optional<NearestSample> ContourSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                    const ScaleMap& y) const {
+std::optional<NearestSample> ContourSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                        const ScaleMap& y) const {
     return cellBelow(d->grid, pixel, x, y);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/series/ErrorBarSeries.h>
 
+#include "NearestPoint.h"
 #include "SideView.h"
 #include "SortedRows.h"
 
@@ -227,8 +228,8 @@ void ErrorBarSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
         canvas.fillEllipse(middle, radius, radius, color);
 }
 
-std::optional<NearestSample> ErrorBarSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                     const ScaleMap& y) const {
+std::optional<NearestSample> ErrorBarSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                         const ScaleMap& y) const {
     auto found = nearestPoint(d->row, pixel, x, y);
     if (found)
         found->index = d->order[found->index];

@@ -160,8 +160,8 @@ void FunctionSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
     canvas.drawLine({area.left(), middle}, {area.right(), middle}, d->pen(canvas.look().color));
 }
 
-std::optional<NearestSample> FunctionSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                     const ScaleMap& y) const {
+std::optional<NearestSample> FunctionSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                         const ScaleMap& y) const {
     std::optional<NearestSample> best;
     if (!d->function)
         return best;

@@ -194,8 +194,8 @@ void HeatMapSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
                         d->colors.map().at(static_cast<double>(i) / (steps - 1)));
 }
 
-std::optional<NearestSample> HeatMapSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                    const ScaleMap& y) const {
+std::optional<NearestSample> HeatMapSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                        const ScaleMap& y) const {
     return cellBelow(d->grid, pixel, x, y);
 }
 

@@ -184,8 +184,8 @@ void HistogramSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
     canvas.fillRect(area, canvas.look().color);
 }
 
-std::optional<NearestSample> HistogramSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                      const ScaleMap& y) const {
+std::optional<NearestSample> HistogramSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                          const ScaleMap& y) const {
     const SideView view(x, y, d->style.orientation);
     const SampleRange seen = d->seen(view);
     const double along = view.isHorizontal() ? pixel.y : pixel.x;

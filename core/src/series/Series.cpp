@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/series/Series.h>
 
+#include <cmath>
 #include <utility>
 
 namespace zembra {
@@ -62,7 +63,15 @@ std::optional<Color> Series::color() const {
     return d->color;
 }
 
-std::optional<NearestSample> Series::nearest(const Point&, const ScaleMap&, const ScaleMap&) const {
+std::optional<NearestSample> Series::nearest(const Point& pixel, const ScaleMap& x,
+                                             const ScaleMap& y) const {
+    if (!isVisible() || !std::isfinite(pixel.x) || !std::isfinite(pixel.y))
+        return std::nullopt;
+    return findNearest(pixel, x, y);
+}
+
+std::optional<NearestSample> Series::findNearest(const Point&, const ScaleMap&,
+                                                 const ScaleMap&) const {
     return std::nullopt;
 }
 

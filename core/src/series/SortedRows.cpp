@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "SortedRows.h"
 
-#include "SideView.h"
-
 #include <limits>
 
 namespace zembra {
@@ -49,31 +47,6 @@ SampleRange rangeBetween(std::span<const double> ascending, const ScaleMap& map,
     const auto last = std::upper_bound(first, ascending.end(), greatest);
     return {static_cast<std::size_t>(first - ascending.begin()),
             static_cast<std::size_t>(last - ascending.begin())};
-}
-
-std::optional<NearestSample> nearestPoint(const Samples& samples, const Point& pixel,
-                                          const ScaleMap& x, const ScaleMap& y) {
-    const Rect area = areaOf(x, y);
-    const auto distance = [&](std::size_t i) {
-        const Point p{heldPixel(x, samples.x(i)), heldPixel(y, samples.y(i))};
-        return area.contains(p) ? std::hypot(p.x - pixel.x, p.y - pixel.y)
-                                : std::numeric_limits<double>::quiet_NaN();
-    };
-    std::optional<FoundSample> found;
-    if (samples.isSorted()) {
-        const auto gap = [&](std::size_t i) {
-            return std::abs(heldPixel(x, samples.x(i)) - pixel.x);
-        };
-        const double start = x.invTransform(pixel.x);
-        found = nearestAround(std::isnan(start) ? 0 : samples.lowerBound(start),
-                              {0, samples.size()}, gap, distance);
-    } else {
-        found = nearestOfAll(samples.size(), distance);
-    }
-    if (!found)
-        return std::nullopt;
-    return NearestSample{found->index, samples.x(found->index), samples.y(found->index),
-                         found->distance};
 }
 
 } // namespace zembra

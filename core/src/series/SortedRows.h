@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <zembra/data/Samples.h>
 #include <zembra/scale/ScaleMap.h>
 #include <zembra/series/Series.h>
 
@@ -131,10 +130,6 @@ std::optional<FoundSample> nearestOfAll(std::size_t count, Distance distance) {
     }
     return best;
 }
-
-/// The nearest of point-like samples; what lies outside the area of the maps does not count.
-std::optional<NearestSample> nearestPoint(const Samples& samples, const Point& pixel,
-                                          const ScaleMap& x, const ScaleMap& y);
 
 /// Bounds remembered for the pair of scales they were last asked for. Axes ask several times for
 /// every frame.

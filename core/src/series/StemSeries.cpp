@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/series/StemSeries.h>
 
+#include "NearestPoint.h"
 #include "SideView.h"
 #include "SortedRows.h"
 
@@ -109,8 +110,8 @@ void StemSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
         canvas.fillEllipse(head, radius, radius, canvas.look().color);
 }
 
-std::optional<NearestSample> StemSeries::nearest(const Point& pixel, const ScaleMap& x,
-                                                 const ScaleMap& y) const {
+std::optional<NearestSample> StemSeries::findNearest(const Point& pixel, const ScaleMap& x,
+                                                     const ScaleMap& y) const {
     auto found = nearestPoint(d->row, pixel, x, y);
     if (found)
         found->index = d->order[found->index];

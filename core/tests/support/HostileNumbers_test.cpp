@@ -19,13 +19,15 @@ public:
     Bounds bounds(const Scale&, const Scale&) const override { return {{1.0, 2.0}, {-1.0, 2.0}}; }
     void draw(Canvas&) const override {}
     void drawLegendKey(Canvas&, const Rect&) const override {}
-    std::optional<NearestSample> nearest(const Point&, const ScaleMap&,
-                                         const ScaleMap&) const override {
+    bool isNear = true;
+
+protected:
+    std::optional<NearestSample> findNearest(const Point&, const ScaleMap&,
+                                             const ScaleMap&) const override {
         if (isNear)
             return NearestSample{};
         return NearestSample{0, std::numeric_limits<double>::quiet_NaN(), 0.0, 0.0};
     }
-    bool isNear = true;
 };
 
 // The failures that the harness reports about a series.

@@ -43,10 +43,12 @@ public:
     Bounds bounds(const Scale& x, const Scale& y) const override;
     void draw(Canvas& canvas) const override;
     void drawLegendKey(Canvas& canvas, const Rect& area) const override;
-    /// The sample within the axes whose point on the edge is nearest to `pixel`.
-    std::optional<NearestSample> nearest(const Point& pixel, const ScaleMap& x,
-                                         const ScaleMap& y) const override;
     std::uint64_t revision() const override;
+
+protected:
+    /// The sample within the axes whose point on the edge is nearest to `pixel`.
+    std::optional<NearestSample> findNearest(const Point& pixel, const ScaleMap& x,
+                                             const ScaleMap& y) const override;
 
 private:
     struct Private;

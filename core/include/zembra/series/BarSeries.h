@@ -60,12 +60,14 @@ public:
     Bounds bounds(const Scale& x, const Scale& y) const override;
     void draw(Canvas& canvas) const override;
     void drawLegendKey(Canvas& canvas, const Rect& area) const override;
-    /// The bar nearest to `pixel`, at no distance inside; `x` and `y` are its own position and
-    /// value.
-    std::optional<NearestSample> nearest(const Point& pixel, const ScaleMap& x,
-                                         const ScaleMap& y) const override;
     /// Counts the changes of joined series, too.
     std::uint64_t revision() const override;
+
+protected:
+    /// The bar nearest to `pixel`, at no distance inside; `x` and `y` are its own position and
+    /// value.
+    std::optional<NearestSample> findNearest(const Point& pixel, const ScaleMap& x,
+                                             const ScaleMap& y) const override;
 
 private:
     struct Group;

@@ -74,9 +74,11 @@ public:
     Bounds bounds(const Scale& x, const Scale& y) const override;
     void draw(Canvas& canvas) const override;
     void drawLegendKey(Canvas& canvas, const Rect& area) const override;
+
+protected:
     /// The box nearest to `pixel`, whiskers included: its position and median.
-    std::optional<NearestSample> nearest(const Point& pixel, const ScaleMap& x,
-                                         const ScaleMap& y) const override;
+    std::optional<NearestSample> findNearest(const Point& pixel, const ScaleMap& x,
+                                             const ScaleMap& y) const override;
 
 private:
     struct Private;

@@ -63,9 +63,11 @@ public:
     Bounds bounds(const Scale& x, const Scale& y) const override;
     void draw(Canvas& canvas) const override;
     void drawLegendKey(Canvas& canvas, const Rect& area) const override;
+
+protected:
     /// The candle nearest to `pixel`, at no distance between its high and low; `y` is its close.
-    std::optional<NearestSample> nearest(const Point& pixel, const ScaleMap& x,
-                                         const ScaleMap& y) const override;
+    std::optional<NearestSample> findNearest(const Point& pixel, const ScaleMap& x,
+                                             const ScaleMap& y) const override;
 
 private:
     struct Private;

@@ -58,9 +58,11 @@ public:
     Bounds bounds(const Scale& x, const Scale& y) const override;
     void draw(Canvas& canvas) const override;
     void drawLegendKey(Canvas& canvas, const Rect& area) const override;
+
+protected:
     /// The cell below the pixel, told by its centre; its index counts row by row.
-    std::optional<NearestSample> nearest(const Point& pixel, const ScaleMap& x,
-                                         const ScaleMap& y) const override;
+    std::optional<NearestSample> findNearest(const Point& pixel, const ScaleMap& x,
+                                             const ScaleMap& y) const override;
 
 private:
     struct Private;

@@ -78,9 +78,10 @@ public:
     virtual void draw(Canvas& canvas) const = 0;
     /// Draws the legend's picture of the series into `area`, which is the canvas' rectangle too.
     virtual void drawLegendKey(Canvas& canvas, const Rect& area) const = 0;
-    /// The visible sample nearest to `pixel`, if the series has any; for cursors and tool tips.
-    virtual std::optional<NearestSample> nearest(const Point& pixel, const ScaleMap& x,
-                                                 const ScaleMap& y) const;
+    /// The sample nearest to `pixel` among those in view; for cursors and tool tips. A hidden
+    /// series has none, and a pixel that is not finite is near to nothing.
+    std::optional<NearestSample> nearest(const Point& pixel, const ScaleMap& x,
+                                         const ScaleMap& y) const;
 
     /// How the series turns values into colours, for a colour bar beside the canvas; null, as at
     /// first, where it does not. Lives as long as the series.
@@ -90,6 +91,10 @@ public:
     virtual std::uint64_t revision() const;
 
 protected:
+    /// What `nearest` finds in a series that is not hidden; nothing where a kind has no samples.
+    /// Requires: a finite `pixel`.
+    virtual std::optional<NearestSample> findNearest(const Point& pixel, const ScaleMap& x,
+                                                     const ScaleMap& y) const;
     /// To be called by a kind after any change of its own.
     void changed();
 
