@@ -22,6 +22,7 @@
 #include <zembra/series/HistogramSeries.h>
 #include <zembra/series/LineAnnotation.h>
 #include <zembra/series/LineSeries.h>
+#include <zembra/series/Marker.h>
 #include <zembra/series/Quantile.h>
 #include <zembra/series/ScatterSeries.h>
 #include <zembra/series/ShapeAnnotation.h>

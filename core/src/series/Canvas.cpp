@@ -3,6 +3,8 @@
 
 #include "Clip.h"
 #include "DiscRaster.h"
+#include "MarkerOutline.h"
+#include "MarkerRaster.h"
 #include "Stroke.h"
 
 #include <cmath>
@@ -25,7 +27,7 @@ bool contains(const Rect& outer, const Rect& inner) {
 // A closed ring of points; fine enough that no edge leaves the ellipse by a tenth of a pixel.
 std::vector<Point> ellipsePoints(const Point& centre, double rx, double ry) {
     const double radius = std::max(rx, ry);
-    const int count = std::clamp(static_cast<int>(8.0 * std::sqrt(radius)) + 8, 12, 400);
+    const int count = static_cast<int>(std::clamp(8.0 * std::sqrt(radius) + 8.0, 12.0, 400.0));
     std::vector<Point> points;
     points.reserve(static_cast<std::size_t>(count) + 1);
     for (int i = 0; i < count; ++i) {
@@ -146,6 +148,53 @@ void Canvas::fillDiscs(const std::function<bool(std::vector<Point>&)>& next, dou
     }
     for (const Point& centre : waiting)
         fillEllipse(centre, radius, radius, color);
+}
+
+void Canvas::fillMarker(MarkerShape shape, const Marker& marker) {
+    if (!std::isfinite(marker.size) || !(marker.size > 0.0) || marker.color.alpha() == 0)
+        return;
+    const double size = std::min(marker.size, largestMarker);
+    if (shape == MarkerShape::Circle) {
+        fillEllipse(marker.centre, 0.5 * size, 0.5 * size, marker.color);
+        return;
+    }
+    std::vector<Point> outline = markerOutline(shape, size);
+    for (Point& p : outline)
+        p = {p.x + marker.centre.x, p.y + marker.centre.y};
+    fillPolygon(outline, marker.color);
+}
+
+void Canvas::fillMarkers(MarkerShape shape, const std::function<bool(std::vector<Marker>&)>& next) {
+    constexpr std::size_t few = 2000;
+    // Kept from frame to frame for their memory.
+    thread_local std::vector<Marker> chunk;
+    thread_local std::vector<Marker> waiting;
+    thread_local MarkerRaster raster;
+    waiting.clear();
+    bool many = false;
+    const auto add = [&](const std::vector<Marker>& markers) {
+        for (const Marker& marker : markers)
+            if (marker.size > 0.0)
+                raster.add(marker);
+    };
+    while (next(chunk)) {
+        if (many) {
+            add(chunk);
+            continue;
+        }
+        waiting.insert(waiting.end(), chunk.begin(), chunk.end());
+        if (waiting.size() > few) {
+            many = true;
+            raster.begin(area, shape);
+            add(waiting);
+        }
+    }
+    if (many) {
+        drawPicture(painter, raster.finish(), buffers);
+        return;
+    }
+    for (auto marker = waiting.rbegin(); marker != waiting.rend(); ++marker)
+        fillMarker(shape, *marker);
 }
 
 void Canvas::drawImage(const std::shared_ptr<const std::vector<std::uint8_t>>& rgba, int width,

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/series/ScatterSeries.h>
 
-#include "support/RecordingPainter.h"
+#include "support/HostileNumbers.h"
 
 #include <zembra/series/Canvas.h>
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <random>
 
 using namespace zembra;
-using zembra::test::RecordingPainter;
+using namespace zembra::test;
 
 namespace {
 
@@ -26,6 +27,34 @@ void draw(const ScatterSeries& series, RecordingPainter& painter) {
     Canvas canvas(painter, area, acrossArea, upArea, look, buffers);
     series.draw(canvas);
 }
+
+// Keeps the last picture.
+class PicturePainter : public RecordingPainter {
+public:
+    void drawImage(const unsigned char* rgba, int w, int h, double cx, double cy) override {
+        RecordingPainter::drawImage(rgba, w, h, cx, cy);
+        left = static_cast<int>(std::lround(cx - 0.5 * w));
+        top = static_cast<int>(std::lround(cy - 0.5 * h));
+        columns = w;
+        rows = h;
+        bytes.assign(rgba, rgba + static_cast<std::ptrdiff_t>(w) * h * 4);
+    }
+
+    Color pixel(int x, int y) const {
+        if (x < left || y < top || x >= left + columns || y >= top + rows)
+            return Color(0, 0, 0, 0);
+        const auto* p =
+            bytes.data() + static_cast<std::ptrdiff_t>((y - top) * columns + x - left) * 4;
+        return Color(p[0], p[1], p[2], p[3]);
+    }
+
+private:
+    int left = 0;
+    int top = 0;
+    int columns = 0;
+    int rows = 0;
+    std::vector<unsigned char> bytes;
+};
 
 } // namespace
 
@@ -71,4 +100,157 @@ TEST(ScatterSeries, FewVisibleDiscsOfManySamplesStayEllipses) {
     draw(ScatterSeries(x, std::vector<double>(x.size(), 100.0)), painter);
     EXPECT_EQ(painter.count("drawImage"), 0u);
     EXPECT_GE(painter.count("fillEllipse"), 290u);
+}
+
+TEST(ScatterSeries, DrawsEightShapesOfEqualWeight) {
+    const struct {
+        MarkerShape shape;
+        const char* expected;
+    } cases[] = {
+        {MarkerShape::Circle, "fillEllipse 50,50 5x5 #0072b2\n"},
+        {MarkerShape::Square,
+         "fillPolygon #0072b2 45.57,45.57 54.43,45.57 54.43,54.43 45.57,54.43\n"},
+        {MarkerShape::Diamond, "fillPolygon #0072b2 50,43.73 56.27,50 50,56.27 43.73,50\n"},
+        {MarkerShape::TriangleUp, "fillPolygon #0072b2 50,43.1 55.98,53.45 44.02,53.45\n"},
+        {MarkerShape::TriangleDown, "fillPolygon #0072b2 50,56.9 44.02,46.55 55.98,46.55\n"},
+        {MarkerShape::Plus,
+         "fillPolygon #0072b2 48.7,44 51.3,44 51.3,48.7 56,48.7 56,51.3 51.3,51.3 "
+         "51.3,56 48.7,56 48.7,51.3 44,51.3 44,48.7 48.7,48.7\n"},
+        {MarkerShape::Cross,
+         "fillPolygon #0072b2 53.32,44.84 55.16,46.68 51.84,50 55.16,53.32 53.32,55.16 50,51.84 "
+         "46.68,55.16 44.84,53.32 48.16,50 44.84,46.68 46.68,44.84 50,48.16\n"},
+        {MarkerShape::Star,
+         "fillPolygon #0072b2 50,43 51.73,47.62 56.66,47.84 52.8,50.91 54.11,55.66 50,52.94 "
+         "45.89,55.66 47.2,50.91 43.34,47.84 48.27,47.62\n"},
+    };
+    for (const auto& c : cases) {
+        Stage stage;
+        ScatterSeries series({5.0}, {5.0});
+        series.setMarkerSize(10.0);
+        series.setMarkerShape(c.shape);
+        EXPECT_EQ(stage.draw(series), c.expected);
+    }
+}
+
+TEST(ScatterSeries, TakesSizeAndColourOfEachSampleWhereItHasThem) {
+    Stage stage;
+    ScatterSeries series({1.0, 2.0, 3.0, 4.0}, {5.0, 5.0, 5.0, 5.0});
+    series.setMarkerSizes({4.0, notANumber, 8.0});
+    series.setMarkerColors({Color(255, 0, 0), Color(0, 255, 0)});
+    EXPECT_EQ(stage.draw(series), "fillEllipse 10,50 2x2 #ff0000\n"
+                                  "fillEllipse 30,50 4x4 #0072b2\n"
+                                  "fillEllipse 40,50 3x3 #0072b2\n");
+}
+
+TEST(ScatterSeries, ColoursByValueAndTellsItsColourScale) {
+    Stage stage;
+    ScatterSeries series({1.0, 2.0, 3.0, 4.0}, {5.0, 5.0, 5.0, 5.0});
+    EXPECT_EQ(series.colorScale(), nullptr);
+    series.setColorScale(ColorScale(ColorMap({Color(0, 0, 0), Color(255, 255, 255)})));
+    series.setColorValues({10.0, notANumber, 20.0});
+    ASSERT_NE(series.colorScale(), nullptr);
+    EXPECT_EQ(series.colorScale()->range(), (Interval{10.0, 20.0}));
+    EXPECT_EQ(stage.draw(series), "fillEllipse 10,50 3x3 #000000\n"
+                                  "fillEllipse 30,50 3x3 #ffffff\n");
+    ColorScale scale = *series.colorScale();
+    scale.setNanColor(Color(255, 0, 0));
+    series.setColorScale(scale);
+    EXPECT_EQ(stage.draw(series), "fillEllipse 10,50 3x3 #000000\n"
+                                  "fillEllipse 20,50 3x3 #ff0000\n"
+                                  "fillEllipse 30,50 3x3 #ffffff\n"
+                                  "fillEllipse 40,50 3x3 #ff0000\n");
+    EXPECT_EQ(stage.drawKey(series), "fillEllipse 3.33,5 2.5x2.5 #000000\n"
+                                     "fillEllipse 10,5 2.5x2.5 #808080\n"
+                                     "fillEllipse 16.67,5 2.5x2.5 #ffffff\n");
+    series.setColorValues({});
+    EXPECT_EQ(series.colorScale(), nullptr);
+}
+
+TEST(ScatterSeries, DrawsManyMarkersOfAnyKindAsOnePictureThatLooksLikeThemAlone) {
+    for (const MarkerShape shape :
+         {MarkerShape::Circle, MarkerShape::Square, MarkerShape::TriangleUp, MarkerShape::Star}) {
+        // One marker that can be seen below thousands that cannot.
+        std::vector<double> x(3000, 2.5125);
+        std::vector<double> y(3000, 2.5125);
+        std::vector<Color> colors(3000, Color(0, 0, 200));
+        x[0] = y[0] = 7.5125;
+        colors.back() = Color(200, 0, 0);
+        ScatterSeries series(x, y);
+        series.setMarkerShape(shape);
+        series.setMarkerSize(12.0);
+        series.setMarkerColors(colors);
+        Stage stage;
+        PicturePainter painter;
+        FrameBuffers buffers;
+        Canvas canvas(painter, {0.0, 0.0, 100.0, 100.0}, stage.x(), stage.y(), {}, buffers);
+        series.draw(canvas);
+        ASSERT_EQ(painter.count("drawImage"), 1u);
+        EXPECT_EQ(painter.count(), 1u);
+        EXPECT_EQ(painter.pixel(25, 74), Color(200, 0, 0));
+        EXPECT_EQ(painter.pixel(75, 24), Color(0, 0, 200));
+        EXPECT_EQ(painter.pixel(50, 50).alpha(), 0);
+        // The covered area is that of the outline.
+        double covered = 0.0;
+        for (int row = 0; row < 50; ++row)
+            for (int column = 50; column < 100; ++column)
+                covered += painter.pixel(column, row).alpha() / 255.0;
+        const double expected = shape == MarkerShape::Circle       ? 113.1
+                                : shape == MarkerShape::Square     ? 113.0
+                                : shape == MarkerShape::TriangleUp ? 89.06
+                                                                   : 87.09;
+        EXPECT_NEAR(covered, expected, 1.5);
+    }
+}
+
+TEST(ScatterSeries, BlendsTranslucentMarkersOverEachOther) {
+    std::vector<double> x(3000, 20.0);
+    x[10] = x[20] = 5.0;
+    x[30] = -1.0;
+    std::vector<Color> colors(3000, Color(0, 0, 0));
+    colors[10] = Color(255, 0, 0, 128);
+    colors[20] = Color(0, 0, 255, 128);
+    x[40] = 8.0;
+    ScatterSeries series(x, std::vector<double>(3000, 5.0));
+    series.setMarkerColors(colors);
+    series.setMarkerSizes(std::vector<double>(3000, 20.0));
+    PicturePainter painter;
+    FrameBuffers buffers;
+    const ScaleMap wide(Scale(), 0.0, 100.0, 0.0, 21.0);
+    const ScaleMap up(Scale(), 100.0, 0.0, 0.0, 10.0);
+    Canvas canvas(painter, {0.0, 0.0, 100.0, 100.0}, wide, up, {}, buffers);
+    series.draw(canvas);
+    ASSERT_EQ(painter.count("drawImage"), 1u);
+    const Color both = painter.pixel(20, 50);
+    EXPECT_NEAR(both.alpha(), 192, 1);
+    EXPECT_NEAR(both.red(), 85, 2);
+    EXPECT_NEAR(both.blue(), 170, 2);
+}
+
+TEST(ScatterSeries, FindsTheNearestMarkerThatIsShown) {
+    Stage stage;
+    ScatterSeries series({5.0, 5.2, 1.0, 50.0}, {5.0, 5.0, 1.0, 5.0});
+    const auto found = stage.nearest(series, {53.0, 50.0});
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->index, 1u);
+    EXPECT_NEAR(found->distance, 1.0, 1e-9);
+    series.setMarkerSizes({6.0, 0.0});
+    EXPECT_EQ(stage.nearest(series, {53.0, 50.0})->index, 0u);
+    series.setColorValues({notANumber, 1.0, 1.0, 1.0});
+    EXPECT_EQ(stage.nearest(series, {53.0, 50.0})->index, 2u);
+    EXPECT_FALSE(stage.nearest(ScatterSeries(), {53.0, 50.0}));
+}
+
+TEST(ScatterSeries, WithstandsHostileNumbers) {
+    expectHarmlessForAll([](const std::vector<double>& x, const std::vector<double>& y) {
+        return std::make_shared<ScatterSeries>(x, y);
+    });
+    for (const MarkerShape shape : {MarkerShape::Circle, MarkerShape::Star}) {
+        expectHarmlessForAll([&](const std::vector<double>& a, const std::vector<double>& b) {
+            auto series = std::make_shared<ScatterSeries>(a, b);
+            series->setMarkerShape(shape);
+            series->setMarkerSizes(b);
+            series->setColorValues(a);
+            return series;
+        });
+    }
 }

@@ -3,6 +3,7 @@
 
 #include <zembra/paint/Painter.h>
 #include <zembra/scale/ScaleMap.h>
+#include <zembra/series/Marker.h>
 #include <zembra/zembra_export.h>
 
 #include <cstdint>
@@ -61,6 +62,12 @@ public:
     /// vector's content by some more centres, and returns false when there are none left.
     void fillDiscs(const std::function<bool(std::vector<Point>&)>& next, double radius,
                    const Color& color);
+    /// A marker; one of a size that is not above 0 or not finite is left out.
+    void fillMarker(MarkerShape shape, const Marker& marker);
+    /// Many markers of one shape: one by one while they are few, as a picture with markers at
+    /// quarters of a pixel in place and size where they are many. `next` replaces the vector's
+    /// content by some more, the topmost ones first, and returns false when there are none left.
+    void fillMarkers(MarkerShape shape, const std::function<bool(std::vector<Marker>&)>& next);
     /// A picture at natural size with its top-left corner at `corner`, cropped to the canvas.
     /// Shape: `width` × `height` RGBA pixels as in `Painter::drawImage`; another size is ignored.
     void drawImage(const std::shared_ptr<const std::vector<std::uint8_t>>& rgba, int width,
