@@ -24,6 +24,21 @@ public:
         back.push_back({x, second});
     }
 
+    /// As `add`, after a step from the sample before.
+    void addStep(double x, double first, double second, LineSteps steps) {
+        if (!ahead.empty() && steps != LineSteps::None) {
+            const double lastX = ahead.back().x;
+            const double before = ahead.back().y;
+            const double otherBefore = back.back().y;
+            const double at = steps == LineSteps::Before  ? lastX
+                              : steps == LineSteps::After ? x
+                                                          : 0.5 * (lastX + x);
+            add(at, before, otherBefore);
+            add(at, first, second);
+        }
+        add(x, first, second);
+    }
+
     void finish() {
         if (ahead.size() > 1) {
             ahead.insert(ahead.end(), back.rbegin(), back.rend());
@@ -43,8 +58,12 @@ private:
 class BandFill {
 public:
     BandFill(Canvas& canvas, const Samples& row, const std::variant<Samples, double>& other,
-             const Color& color)
-        : canvas(canvas), row(row), second(std::get_if<Samples>(&other)), filler(canvas, color) {
+             const Color& color, LineSteps steps)
+        : canvas(canvas),
+          row(row),
+          second(std::get_if<Samples>(&other)),
+          steps(steps),
+          filler(canvas, color) {
         if (const double* level = std::get_if<double>(&other))
             levelPixel = pixelOrEnd(canvas.y(), *level);
     }
@@ -87,7 +106,7 @@ private:
             if (std::isnan(x) || std::isnan(a) || std::isnan(b))
                 filler.finish();
             else
-                filler.add(x, a, b);
+                filler.addStep(x, a, b, steps);
         }
     }
 
@@ -126,6 +145,7 @@ private:
     Canvas& canvas;
     const Samples& row;
     const Samples* second;
+    LineSteps steps;
     double levelPixel = 0.0;
     Filler filler;
 };
@@ -133,9 +153,9 @@ private:
 } // namespace
 
 void fillBetween(Canvas& canvas, const Samples& row, const std::variant<Samples, double>& other,
-                 const Color& color) {
+                 const Color& color, LineSteps steps) {
     if (color.alpha() > 0)
-        BandFill(canvas, row, other, color).run();
+        BandFill(canvas, row, other, color, steps).run();
 }
 
 Color thinned(const Color& color, double opacity) {

@@ -3,6 +3,7 @@
 
 #include <zembra/data/Samples.h>
 #include <zembra/paint/Color.h>
+#include <zembra/series/LineSeries.h>
 
 #include <variant>
 
@@ -15,7 +16,7 @@ class Canvas;
 /// A sample that one of the rows lacks is a gap in both. Where samples are dense and in order, one
 /// point for each column and row remains, so that everything between the extremes is filled.
 void fillBetween(Canvas& canvas, const Samples& row, const std::variant<Samples, double>& other,
-                 const Color& color);
+                 const Color& color, LineSteps steps = LineSteps::None);
 
 /// A colour that lets through more of what lies behind.
 Color thinned(const Color& color, double opacity);

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/series/LineSeries.h>
 
-#include "support/RecordingPainter.h"
+#include "support/HostileNumbers.h"
 
 #include <zembra/series/Canvas.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <limits>
 #include <random>
 
 using namespace zembra;
-using zembra::test::RecordingPainter;
+using namespace zembra::test;
 
 namespace {
 
@@ -308,4 +309,194 @@ TEST(LineSeries, ItsRevisionOnlyGrows) {
     series.setWidth(-4.0);
     EXPECT_FALSE(grown());
     EXPECT_EQ(series.width(), 4.0);
+}
+
+TEST(LineSeries, MarksEverySampleInViewWithTheShapeAsked) {
+    Stage stage;
+    LineSeries series({-5.0, 2.0, notANumber, 5.0, 5.0}, {5.0, 5.0, 5.0, notANumber, 8.0});
+    series.setMarkerShape(MarkerShape::Square);
+    series.setMarkerSize(10.0);
+    series.setStyle(PenStyle::None);
+    EXPECT_EQ(stage.draw(series),
+              "fillPolygon #0072b2 15.57,45.57 24.43,45.57 24.43,54.43 15.57,54.43\n"
+              "fillPolygon #0072b2 45.57,15.57 54.43,15.57 54.43,24.43 45.57,24.43\n");
+    series.setMarkerSize(-1.0);
+    EXPECT_EQ(series.markerSize(), 10.0);
+    series.setMarkerShape(std::nullopt);
+    EXPECT_EQ(stage.draw(series), "");
+}
+
+TEST(LineSeries, ThinsItsMarkersByPowersOfTwoWhereTheyWouldNotFitSideBySide) {
+    // Markers of 5 pixels have room for 13 on a canvas of 100 pixels.
+    const struct {
+        int samples;
+        std::size_t markers;
+    } cases[] = {{1, 1}, {2, 2}, {13, 13}, {14, 7}, {26, 13}, {28, 7}, {1'000'000, 8}};
+    for (const auto& c : cases) {
+        std::vector<double> x;
+        for (int i = 0; i < c.samples; ++i)
+            x.push_back(10.0 * (i + 0.5) / c.samples);
+        LineSeries series(x, std::vector<double>(x.size(), 5.0));
+        series.setStyle(PenStyle::None);
+        series.setMarkerShape(MarkerShape::Circle);
+        series.setMarkerSize(5.0);
+        Stage stage;
+        stage.draw(series);
+        EXPECT_EQ(stage.painter().count(), c.markers) << c.samples;
+    }
+}
+
+TEST(LineSeries, MarksTheSameSamplesOfARingWhileItRuns) {
+    Samples ring = Samples::streamed(64);
+    for (int i = 0; i < 100; ++i)
+        ring.append(i, 5.0);
+    LineSeries series(ring);
+    series.setMarkerShape(MarkerShape::Circle);
+    series.setMarkerSize(5.0);
+    const auto marked = [&] {
+        Stage stage(Scale(), 60.0, 160.0, Scale(), 0.0, 10.0);
+        stage.draw(series);
+        return stage.painter().linesOf("fillEllipse");
+    };
+    const auto before = marked();
+    ring.append(100.0, 5.0);
+    auto after = marked();
+    // The new sample has one, too.
+    ASSERT_EQ(after.size(), before.size() + 1);
+    after.pop_back();
+    EXPECT_EQ(after, before);
+}
+
+TEST(LineSeries, KeepsFewMarkersOnCurvesWhoseSamplesAreInNoOrder) {
+    std::vector<double> x;
+    std::vector<double> y;
+    for (int i = 0; i < 100'000; ++i) {
+        x.push_back(5.0 + 4.0 * std::cos(i));
+        y.push_back(5.0 + 4.0 * std::sin(i));
+    }
+    LineSeries series(x, y);
+    series.setStyle(PenStyle::None);
+    series.setMarkerShape(MarkerShape::Circle);
+    Stage stage;
+    stage.draw(series);
+    EXPECT_LE(stage.painter().count(), 45u);
+    EXPECT_GE(stage.painter().count(), 20u);
+}
+
+TEST(LineSeries, FillsToABaselineAlongItsSteps) {
+    LineSeries series({0.0, 4.0, 8.0}, {2.0, 6.0, 4.0});
+    series.setStyle(PenStyle::None);
+    const struct {
+        LineSteps steps;
+        const char* expected;
+    } cases[] = {
+        {LineSteps::None, "0,80 40,40 80,60 80,90 40,90 0,90\n"},
+        {LineSteps::After, "0,80 40,80 40,40 40,40 80,40 80,60 80,60 80,90 80,90 80,90 40,90 40,90 "
+                           "40,90 0,90\n"},
+        {LineSteps::Before, "0,80 0,80 0,40 40,40 40,40 40,60 80,60 80,90 40,90 40,90 40,90 0,90 "
+                            "0,90 0,90\n"},
+        {LineSteps::Mid, "0,80 20,80 20,40 40,40 60,40 60,60 80,60 80,90 60,90 60,90 40,90 20,90 "
+                         "20,90 0,90\n"},
+    };
+    EXPECT_TRUE(series.setFill(LineFill{.baseline = 1.0, .opacity = 1.0}));
+    for (const auto& c : cases) {
+        Stage stage;
+        series.setSteps(c.steps);
+        EXPECT_EQ(stage.draw(series), std::string("fillPolygon #0072b2 ") + c.expected);
+    }
+}
+
+TEST(LineSeries, FillsToTheEdgeOfTheCanvasWithoutABaseline) {
+    LineSeries series({0.0, 10.0}, {5.0, 8.0});
+    series.setStyle(PenStyle::None);
+    EXPECT_TRUE(series.setFill(LineFill{.baseline = std::nullopt, .opacity = 1.0}));
+    Stage stage(Scale(), 0.0, 10.0, Scale(), 3.0, 13.0);
+    EXPECT_EQ(stage.draw(series), "fillPolygon #0072b2 0,80 100,50 100,100 0,100\n");
+    Stage reversed(Scale(), 0.0, 10.0, Scale(), 13.0, 3.0);
+    EXPECT_EQ(reversed.draw(series), "fillPolygon #0072b2 0,20 100,50 100,0 0,0\n");
+    EXPECT_EQ(series.bounds(Scale(), Scale()).y, (Interval{5.0, 8.0}));
+}
+
+TEST(LineSeries, CoversTheBaselineOfItsFill) {
+    LineSeries series({1.0, 2.0}, {5.0, 8.0});
+    EXPECT_EQ(series.bounds(Scale(), Scale()).y, (Interval{5.0, 8.0}));
+    EXPECT_TRUE(series.setFill(LineFill{}));
+    EXPECT_EQ(series.bounds(Scale(), Scale()).y, (Interval{0.0, 8.0}));
+    EXPECT_TRUE(series.bounds(Scale(), Scale()).yFromZero);
+    EXPECT_EQ(series.bounds(Scale(), Scale::log()).y, (Interval{5.0, 8.0}));
+    EXPECT_TRUE(LineSeries().bounds(Scale(), Scale()).y.isEmpty());
+    EXPECT_FALSE(series.setFill(LineFill{.baseline = notANumber}));
+    EXPECT_FALSE(series.setFill(LineFill{.opacity = 1.5}));
+    EXPECT_EQ(series.fill()->opacity, 0.25);
+}
+
+TEST(LineSeries, ShowsFillLineAndMarkerInItsKey) {
+    Stage stage;
+    LineSeries series;
+    series.setFill(LineFill{.opacity = 0.5});
+    series.setMarkerShape(MarkerShape::Circle);
+    EXPECT_EQ(stage.drawKey(series), "fillRect 0,5 20x5 #0072b280\n"
+                                     "setPen #0072b2 1.5\n"
+                                     "drawPolyline 0,5 20,5\n"
+                                     "fillEllipse 10,5 3x3 #0072b2\n");
+}
+
+TEST(LineSeries, FindsTheNearestSampleAsALookAtEachWould) {
+    std::mt19937 generator(5);
+    std::uniform_real_distribution<double> uniform(-2.0, 12.0);
+    for (const std::size_t count : {1u, 7u, 64u, 65u, 1000u, 20000u}) {
+        std::vector<double> x(count);
+        std::vector<double> y(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            x[i] = std::round(50.0 * uniform(generator)) / 50.0;
+            y[i] = i % 17 == 3 ? notANumber : uniform(generator);
+        }
+        std::vector<double> ascending = x;
+        std::sort(ascending.begin(), ascending.end());
+        const LineSeries inOrder(ascending, y);
+        std::vector<double> backX(ascending.rbegin(), ascending.rend());
+        std::vector<double> backY(y.rbegin(), y.rend());
+        const LineSeries backwards(backX, backY);
+        const Stage stages[] = {Stage(), Stage(Scale(), 9.0, 1.0, Scale(), 8.0, -3.0),
+                                Stage(Scale::log(), 0.5, 12.0, Scale::log(), 0.1, 20.0)};
+        for (const Stage& stage : stages) {
+            for (int i = 0; i < 40; ++i) {
+                const Point pixel{10.0 * uniform(generator), 10.0 * uniform(generator)};
+                const auto found = stage.nearest(inOrder, pixel);
+                const auto expected = stage.nearest(backwards, pixel);
+                ASSERT_EQ(found.has_value(), expected.has_value()) << count;
+                if (found) {
+                    EXPECT_DOUBLE_EQ(found->distance, expected->distance) << count;
+                }
+            }
+        }
+    }
+}
+
+TEST(LineSeries, LooksAtFewSamplesForTheNearestOfTenMillion) {
+    constexpr std::size_t count = 10'000'000;
+    std::vector<double> values = noise(count);
+    values[7'654'321] = 5.0;
+    const LineSeries series(Samples::evenlySpaced(0.0, 10.0 / count, std::move(values)));
+    Stage stage;
+    // The first call builds the index.
+    ASSERT_TRUE(stage.nearest(series, {50.0, 50.0}));
+    const auto begin = std::chrono::steady_clock::now();
+    for (int i = 0; i < 100; ++i)
+        EXPECT_EQ(stage.nearest(series, {76.5 + 0.001 * i, 51.0})->index, 7'654'321u);
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
+    // A look at each takes a hundred times as long.
+    EXPECT_LT(taken.count(), 1.0);
+}
+
+TEST(LineSeries, WithstandsHostileNumbersWithMarkersAndFill) {
+    for (const LineSteps steps : {LineSteps::None, LineSteps::Mid}) {
+        expectHarmlessForAll([&](const std::vector<double>& x, const std::vector<double>& y) {
+            auto series = std::make_shared<LineSeries>(x, y);
+            series->setMarkerShape(MarkerShape::Star);
+            series->setSteps(steps);
+            series->setFill(LineFill{});
+            return series;
+        });
+    }
 }
