@@ -113,3 +113,105 @@ TEST(AreaSeries, WithstandsHostileNumbers) {
         return std::make_shared<AreaSeries>(x, y);
     });
 }
+
+TEST(AreaSeries, LiesOnTheAreasBelowItInItsStack) {
+    Stage stage;
+    AreaSeries below({0.0, 5.0, 10.0}, {2.0, 4.0, 2.0});
+    AreaSeries above({10.0, 0.0}, {3.0, 1.0});
+    EXPECT_TRUE(above.stackOn(below));
+    EXPECT_FALSE(above.stackOn(above));
+    below.setStyle({.lineWidth = 0.0, .opacity = 1.0});
+    above.setStyle({.lineWidth = 1.0, .opacity = 1.0});
+    EXPECT_EQ(stage.draw(below), "fillPolygon #0072b2 0,80 50,60 100,80 100,100 50,100 0,100\n");
+    // Straight between its own samples, it follows the corners of what lies below.
+    EXPECT_EQ(stage.draw(above), "fillPolygon #0072b2 0,70 50,40 100,50 100,80 50,60 0,80\n"
+                                 "setPen #0072b2 1\n"
+                                 "drawPolyline 0,70 50,40 100,50\n");
+    const Bounds bounds = above.bounds(Scale(), Scale());
+    EXPECT_EQ(bounds.x, (Interval{0.0, 10.0}));
+    EXPECT_EQ(bounds.y, (Interval{0.0, 6.0}));
+    EXPECT_TRUE(bounds.yFromZero);
+}
+
+TEST(AreaSeries, AddsNothingInItsGapsAndBesideItsSamples) {
+    Stage stage;
+    const std::vector<double> x = {0.0, 2.0, 4.0, 6.0, 8.0, 10.0};
+    AreaSeries below(x, {2.0, 2.0, notANumber, 2.0, 2.0, 2.0});
+    AreaSeries above(x, {1.0, 1.0, 1.0, 1.0, notANumber, 1.0});
+    AreaSeries shorter({2.0, 6.0}, {4.0, 4.0});
+    above.stackOn(below);
+    shorter.stackOn(above);
+    for (AreaSeries* area : {&below, &above, &shorter})
+        area->setStyle({.lineWidth = 0.0, .opacity = 1.0});
+    EXPECT_EQ(stage.draw(below), "fillPolygon #0072b2 0,80 20,80 20,100 0,100\n"
+                                 "fillPolygon #0072b2 60,80 80,80 100,80 100,100 80,100 60,100\n");
+    EXPECT_EQ(stage.draw(above),
+              "fillPolygon #0072b2 0,70 20,70 40,90 60,70 60,80 40,100 20,80 0,80\n");
+    EXPECT_EQ(stage.draw(shorter), "fillPolygon #0072b2 20,30 40,50 60,30 60,70 40,90 20,70\n");
+}
+
+TEST(AreaSeries, ComesDownWhereAnAreaBelowItIsHiddenMovedOrGone) {
+    Stage stage;
+    auto lowest = std::make_unique<AreaSeries>(std::vector{0.0, 10.0}, std::vector{2.0, 2.0});
+    AreaSeries middle({0.0, 10.0}, {3.0, 3.0});
+    AreaSeries top({0.0, 10.0}, {1.0, 1.0});
+    middle.stackOn(*lowest);
+    top.stackOn(middle);
+    std::uint64_t last = top.revision();
+    const auto topAt = [&] {
+        EXPECT_GT(top.revision(), last);
+        last = top.revision();
+        return top.bounds(Scale(), Scale()).y.max;
+    };
+    top.setName("top");
+    EXPECT_EQ(topAt(), 6.0);
+    middle.setVisible(false);
+    EXPECT_EQ(topAt(), 3.0);
+    // Hidden areas have the place that they would have.
+    EXPECT_EQ(middle.bounds(Scale(), Scale()).y.max, 5.0);
+    lowest->setSamples({0.0, 10.0}, {4.0, 4.0});
+    EXPECT_EQ(topAt(), 5.0);
+    middle.setVisible(true);
+    lowest.reset();
+    EXPECT_EQ(topAt(), 4.0);
+    middle.stackOn(top);
+    EXPECT_EQ(topAt(), 1.0);
+    top.standAlone();
+    top.setStyle({.baseline = -2.0});
+    EXPECT_EQ(topAt(), 1.0);
+    EXPECT_EQ(top.bounds(Scale(), Scale()).y.min, -2.0);
+}
+
+TEST(AreaSeries, TellsTheOwnValueOfTheNearestSampleInAStack) {
+    Stage stage;
+    AreaSeries below({0.0, 5.0, 10.0}, {2.0, 4.0, 2.0});
+    AreaSeries above({9.0, 1.0}, {3.0, 1.0});
+    above.stackOn(below);
+    const auto found = stage.nearest(above, {85.0, 46.0});
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->index, 0u);
+    EXPECT_EQ(found->x, 9.0);
+    EXPECT_EQ(found->y, 3.0);
+    EXPECT_NEAR(found->distance, 5.0, 1e-9);
+}
+
+TEST(AreaSeries, TakesTheLastOfEqualPositionsInAStack) {
+    Stage stage;
+    AreaSeries below({0.0, 10.0, 10.0}, {2.0, 9.0, 2.0});
+    AreaSeries above({0.0, 10.0}, {1.0, 1.0});
+    above.stackOn(below);
+    EXPECT_EQ(above.bounds(Scale(), Scale()).y, (Interval{0.0, 3.0}));
+}
+
+TEST(AreaSeries, WithstandsHostileNumbersInStacks) {
+    std::vector<std::shared_ptr<AreaSeries>> kept;
+    expectHarmlessForAll([&](const std::vector<double>& x, const std::vector<double>& y) {
+        kept.clear();
+        kept.push_back(std::make_shared<AreaSeries>(y, x));
+        kept.push_back(std::make_shared<AreaSeries>(x, y));
+        const auto top = std::make_shared<AreaSeries>(x, y);
+        kept[1]->stackOn(*kept[0]);
+        top->stackOn(*kept[1]);
+        return top;
+    });
+}
