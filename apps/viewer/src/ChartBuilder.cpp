@@ -1,109 +1,41 @@
 // SPDX-License-Identifier: MIT
 #include "ChartBuilder.h"
 
-#include "Statistics.h"
+#include "Groups.h"
+#include "KindCharts.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <numeric>
+#include <span>
+#include <utility>
 
 namespace viewer {
 
 namespace {
 
-constexpr int wantedClasses = 6;
 constexpr std::size_t mostNamesInside = 8;
 // Longer lists of names would run out of their axis.
 constexpr std::size_t longestAxisTitle = 60;
 
-std::string shortNumber(double value) {
-    std::array<char, 32> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), "%.6g", value);
-    return buffer.data();
-}
-
-// A ramp from dark to light that stays in order in grey and for colour-blind readers.
-zembra::Color rampColor(double share) {
-    const std::array<zembra::Color, 5> stops = {
-        zembra::Color(46, 38, 110), zembra::Color(42, 98, 150), zembra::Color(38, 148, 140),
-        zembra::Color(120, 196, 92), zembra::Color(246, 214, 60)};
-    const double place = std::clamp(share, 0.0, 1.0) * (stops.size() - 1);
-    const auto index = std::min(static_cast<std::size_t>(place), stops.size() - 2);
-    return zembra::mix(stops[index], stops[index + 1], place - static_cast<double>(index));
-}
-
-struct Group {
-    std::string name;
-    std::vector<std::uint32_t> rows;
-    std::optional<zembra::Color> color;
-};
-
-std::vector<Group> groupsOfWords(const Column& by) {
-    std::vector<Group> groups(by.words.size());
-    for (std::size_t i = 0; i < groups.size(); ++i)
-        groups[i].name = by.words[i];
-    for (std::size_t row = 0; row < by.codes.size(); ++row)
-        groups[by.codes[row]].rows.push_back(static_cast<std::uint32_t>(row));
-    // A row without a word belongs to no series.
-    std::erase_if(groups, [](const Group& group) { return group.name.empty(); });
-    return groups;
-}
-
-std::vector<Group> groupsOfNumbers(const Column& by) {
-    const std::vector<double> numbers = fewDistinct(by.values, by.values.size());
-    std::vector<Group> groups(numbers.size());
-    for (std::size_t i = 0; i < groups.size(); ++i)
-        groups[i].name = by.name + " " + shortNumber(numbers[i]);
-    for (std::size_t row = 0; row < by.values.size(); ++row) {
-        if (!std::isfinite(by.values[row]))
-            continue;
-        const auto place = std::ranges::lower_bound(numbers, by.values[row]);
-        groups[static_cast<std::size_t>(place - numbers.begin())].rows.push_back(
-            static_cast<std::uint32_t>(row));
-    }
-    return groups;
-}
-
-std::vector<Group> groupsOfClasses(const Column& by) {
-    const std::vector<double> borders = roundBorders(by.values, wantedClasses);
-    std::vector<Group> groups(borders.size() > 1 ? borders.size() - 1 : 0);
-    for (std::size_t i = 0; i < groups.size(); ++i) {
-        groups[i].name = shortNumber(borders[i]) + " – " + shortNumber(borders[i + 1]);
-        groups[i].color = rampColor(groups.size() > 1 ? static_cast<double>(i) /
-                                                            static_cast<double>(groups.size() - 1)
-                                                      : 0.5);
-    }
-    for (std::size_t row = 0; row < by.values.size(); ++row) {
-        if (!std::isfinite(by.values[row]) || groups.empty())
-            continue;
-        const auto above = std::ranges::upper_bound(borders, by.values[row]);
-        const auto place =
-            std::clamp<std::ptrdiff_t>(above - borders.begin() - 1, 0, std::ssize(groups) - 1);
-        groups[static_cast<std::size_t>(place)].rows.push_back(static_cast<std::uint32_t>(row));
-    }
-    std::erase_if(groups, [](const Group& group) { return group.rows.empty(); });
-    return groups;
-}
-
 class Builder {
 public:
-    Builder(const Table& table, const ChartPlan& plan, const Options& options)
-        : table(table), plan(plan), options(options), plot(std::make_shared<zembra::Plot>()) {}
+    Builder(const Table& table, const ChartPlan& plan, const Options& options, zembra::Plot& plot)
+        : table(table), plan(plan), options(options), plot(&plot) {}
 
-    std::shared_ptr<zembra::Plot> build() {
+    void build() {
         const std::string stem = std::filesystem::path(table.file).stem().string();
         plot->setTitle(options.title.value_or(stem));
+        if (drawKind(*plot, table, plan, options))
+            return;
         setUpAxes();
         if (plan.grouping == Grouping::None)
             addColumns();
         else
             addGroups();
         placeLegend();
-        return plot;
     }
 
 private:
@@ -124,7 +56,7 @@ private:
 
     // More samples than there are pixels across.
     bool isDense(std::size_t samples) const {
-        return samples > static_cast<std::size_t>(options.width);
+        return samples > static_cast<std::size_t>(options.size.width);
     }
 
     bool hasRightAxis() const { return std::ranges::any_of(plan.y, &DrawnColumn::onRightAxis); }
@@ -132,6 +64,8 @@ private:
     void setUpAxes() {
         if (isTime())
             plot->axis(2).setScale(zembra::Scale::time());
+        else if (plan.x && column(*plan.x).type.kind == ColumnKind::Word)
+            setNames(column(*plan.x).words);
         else if (options.logX)
             plot->axis(2).setScale(zembra::Scale::log());
         // Dates explain themselves.
@@ -147,6 +81,11 @@ private:
         plot->axis(1).setTitle(axisTitle(true));
         // Two grids over each other are none.
         plot->axis(1).setGridVisible(false);
+    }
+
+    void setNames(const std::vector<std::string>& names) {
+        plot->axis(2).setScale(zembra::Scale::categorical(names));
+        plot->axis(2).setGridVisible(false);
     }
 
     // The columns of an axis; none where the legend tells them and there is one axis only.
@@ -165,6 +104,16 @@ private:
         return title;
     }
 
+    // Bars stand at the places of their names.
+    std::vector<double> xValues() const {
+        if (!plan.x)
+            return rowNumbers();
+        const Column& x = column(*plan.x);
+        if (x.type.kind == ColumnKind::Word)
+            return {x.codes.begin(), x.codes.end()};
+        return x.values;
+    }
+
     std::vector<double> rowNumbers() const {
         std::vector<double> numbers(table.rows);
         std::iota(numbers.begin(), numbers.end(), 1.0);
@@ -173,7 +122,8 @@ private:
 
     // The rows in the order of time; empty where they are in order already, or need none.
     std::vector<std::uint32_t> rowsByTime() const {
-        if (!isTime() || plan.scatter || std::ranges::is_sorted(column(*plan.x).values))
+        if (!isTime() || plan.kind != ChartKind::Line ||
+            std::ranges::is_sorted(column(*plan.x).values))
             return {};
         const std::vector<double>& time = column(*plan.x).values;
         std::vector<std::uint32_t> rows(table.rows);
@@ -184,37 +134,27 @@ private:
         return rows;
     }
 
-    static std::vector<double> pick(const std::vector<double>& values,
-                                    const std::vector<std::uint32_t>& rows) {
-        std::vector<double> picked;
-        picked.reserve(rows.size());
-        for (const std::uint32_t row : rows)
-            picked.push_back(values[row]);
-        return picked;
-    }
-
     void addColumns() {
-        const std::vector<double> x = plan.x ? column(*plan.x).values : rowNumbers();
         const std::vector<std::uint32_t> order = rowsByTime();
-        for (const std::size_t i : drawingOrder()) {
+        for (const std::size_t i : drawingOrder(plan)) {
             const DrawnColumn& drawn = plan.y[i];
             const Column& y = column(drawn.column);
             // A single series is named by its axis.
             const std::string name = plan.y.size() > 1 ? y.name : std::string();
-            if (order.empty())
-                addSeries(x, y.values, name, drawn, columnColor(i));
+            if (plan.kind == ChartKind::Bar)
+                addBars(xValues(), y.values, name, drawn, columnColor(i));
             else
-                addSeries(pick(x, order), pick(y.values, order), name, drawn, columnColor(i));
+                addSamples(samplesOf(y, order), name, drawn, columnColor(i));
         }
     }
 
-    // Columns of the right axis come first, so that they lie behind the others.
-    std::vector<std::size_t> drawingOrder() const {
-        std::vector<std::size_t> places(plan.y.size());
-        std::iota(places.begin(), places.end(), std::size_t{0});
-        std::stable_partition(places.begin(), places.end(),
-                              [this](std::size_t i) { return plan.y[i].onRightAxis; });
-        return places;
+    zembra::Samples samplesOf(const Column& y, const std::vector<std::uint32_t>& order) const {
+        if (!plan.x)
+            return zembra::Samples::borrowedEvenlySpaced(1.0, 1.0, std::span(y.values));
+        const std::vector<double>& x = column(*plan.x).values;
+        if (order.empty())
+            return zembra::Samples::borrowed(std::span(x), std::span(y.values));
+        return {pick(x, order), pick(y.values, order)};
     }
 
     // Columns of the right axis are paler: two scales of equal weight would read as one.
@@ -227,13 +167,9 @@ private:
     }
 
     void addGroups() {
-        const Column& by = column(plan.by);
-        std::vector<Group> groups = plan.grouping == Grouping::Classes ? groupsOfClasses(by)
-                                    : by.type.kind == ColumnKind::Word ? groupsOfWords(by)
-                                                                       : groupsOfNumbers(by);
-        const std::vector<double> x = plan.x ? column(*plan.x).values : rowNumbers();
-        for (Group& group : groups) {
-            if (isTime() && !plan.scatter) {
+        const std::vector<double> x = xValues();
+        for (Group& group : groupsOf(table, plan)) {
+            if (isTime() && plan.kind == ChartKind::Line) {
                 std::erase_if(group.rows,
                               [&x](std::uint32_t row) { return !std::isfinite(x[row]); });
                 std::ranges::stable_sort(group.rows, {},
@@ -243,34 +179,50 @@ private:
                 const Column& y = column(drawn.column);
                 const std::string name =
                     plan.y.size() > 1 ? group.name + ", " + y.name : group.name;
-                addSeries(pick(x, group.rows), pick(y.values, group.rows), name, drawn,
-                          group.color);
+                if (plan.kind == ChartKind::Bar)
+                    addBars(pick(x, group.rows), pick(y.values, group.rows), name, drawn,
+                            group.color);
+                else
+                    addSamples({pick(x, group.rows), pick(y.values, group.rows)}, name, drawn,
+                               group.color);
             }
         }
     }
 
-    void addSeries(std::vector<double> x, std::vector<double> y, const std::string& name,
-                   const DrawnColumn& drawn, const std::optional<zembra::Color>& color) {
-        std::shared_ptr<zembra::Series> series;
-        if (plan.scatter) {
-            auto markers = plot->add<zembra::ScatterSeries>(std::move(x), std::move(y), name);
+    void addSamples(zembra::Samples samples, const std::string& name, const DrawnColumn& drawn,
+                    const std::optional<zembra::Color>& color) {
+        if (plan.kind == ChartKind::Scatter) {
+            const auto markers = plot->add<zembra::ScatterSeries>(std::move(samples), name);
             markers->setMarkerSize(markerSize());
-            series = markers;
-        } else {
-            const bool dense = isDense(x.size());
-            auto line = plot->add<zembra::LineSeries>(std::move(x), std::move(y), name);
-            if (dense)
-                line->setWidth(1.0);
-            series = line;
+            place(*markers, drawn, color);
+            return;
         }
-        series->setColor(color);
+        const bool dense = isDense(samples.size());
+        const auto line = plot->add<zembra::LineSeries>(std::move(samples), name);
+        if (dense)
+            line->setWidth(1.0);
+        place(*line, drawn, color);
+    }
+
+    void addBars(std::vector<double> x, std::vector<double> y, const std::string& name,
+                 const DrawnColumn& drawn, const std::optional<zembra::Color>& color) {
+        const auto bars = plot->add<zembra::BarSeries>(std::move(x), std::move(y), name);
+        if (lastBars)
+            bars->standBeside(*lastBars);
+        lastBars = bars;
+        place(*bars, drawn, color);
+    }
+
+    static void place(zembra::Series& series, const DrawnColumn& drawn,
+                      const std::optional<zembra::Color>& color) {
+        series.setColor(color);
         if (drawn.onRightAxis)
-            series->setAxes(2, 1);
+            series.setAxes(2, 1);
     }
 
     // Markers that hardly overlap if they lie evenly, as those of a grid do.
     double markerSize() const {
-        const double area = 0.7 * options.width * options.height;
+        const double area = 0.7 * options.size.width * options.size.height;
         const double distance =
             std::sqrt(area / static_cast<double>(std::max<std::size_t>(table.rows, 1)));
         const double largest = plan.grouping == Grouping::Classes ? 12.0 : 6.0;
@@ -280,14 +232,32 @@ private:
     const Table& table;
     const ChartPlan& plan;
     const Options& options;
-    std::shared_ptr<zembra::Plot> plot;
+    zembra::Plot* plot;
+    std::shared_ptr<zembra::BarSeries> lastBars;
+};
+
+// In the order in which they are made, so that the table goes last.
+struct PlotOfTable {
+    std::shared_ptr<const Table> table;
+    zembra::Plot plot;
 };
 
 } // namespace
 
-std::shared_ptr<zembra::Plot> buildChart(const Table& table, const ChartPlan& plan,
+std::shared_ptr<zembra::Plot> buildChart(std::shared_ptr<const Table> table, const ChartPlan& plan,
                                          const Options& options) {
-    return Builder(table, plan, options).build();
+    const auto both = std::make_shared<PlotOfTable>();
+    both->table = std::move(table);
+    Builder(*both->table, plan, options, both->plot).build();
+    return {both, &both->plot};
+}
+
+std::vector<std::size_t> drawingOrder(const ChartPlan& plan) {
+    std::vector<std::size_t> places(plan.y.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::stable_partition(places.begin(), places.end(),
+                          [&plan](std::size_t i) { return plan.y[i].onRightAxis; });
+    return places;
 }
 
 } // namespace viewer

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ChartPlan.h"
 
-#include "Failure.h"
+#include "ColumnChooser.h"
+#include "KindPlans.h"
 #include "Statistics.h"
 
 #include <algorithm>
@@ -13,17 +14,14 @@ namespace {
 
 // More lines than this nobody tells apart, so they are only drawn when asked for.
 constexpr std::size_t mostGuessedSeries = 50;
-constexpr std::size_t mostSeries = 1000;
-// Columns of numbers with more different values are divided into classes.
-constexpr std::size_t mostNumberGroups = 20;
 
-[[noreturn]] void fail(const Table& table, std::size_t line, const std::string& what) {
-    throw Failure(table.file + ":" + std::to_string(line) + ": " + what);
-}
-
-class Planner {
+// For the kinds that draw y over x.
+class Planner : private ColumnChooser {
 public:
-    Planner(const Table& table, const Options& options) : table(table), options(options) {}
+    Planner(const Table& table, const Options& options)
+        : ColumnChooser(table), table(table), options(options) {
+        result.kind = options.kind.value_or(ChartKind::Line);
+    }
 
     ChartPlan plan() {
         if (options.by)
@@ -34,99 +32,78 @@ public:
         chooseGrouping();
         choosePositions();
         chooseMarkers();
-        requirePositive();
+        requireOneBarAtAPlace();
+        requirePositiveForLogarithms();
         chooseAxes();
+        suggestCandles();
         return result;
     }
 
 private:
-    const Column& column(std::size_t index) const { return table.columns[index]; }
-    ColumnKind kind(std::size_t index) const { return column(index).type.kind; }
+    bool isBars() const { return result.kind == ChartKind::Bar; }
+    bool isScatter() const { return result.kind == ChartKind::Scatter; }
     bool isBy(std::size_t index) const { return by && *by == index; }
     void note(const std::string& text) { result.notes.push_back(table.file + ": " + text); }
 
-    std::size_t named(const std::string& option, const std::string& name) const {
-        if (const std::optional<std::size_t> found = table.findColumn(name))
-            return *found;
-        std::string known;
-        for (std::size_t c = 0; c < table.columns.size() && c < 12; ++c)
-            known += (c > 0 ? ", " : "") + column(c).name;
-        if (table.columns.size() > 12)
-            known += " and more";
-        fail(table, 1, option + ": no column is called \"" + name + "\"; there are " + known);
+    void chooseNamedX(const std::string& name) {
+        result.x = named("--x", name);
+        if (isBars() && kind(*result.x) == ColumnKind::Word)
+            requireNames("--x", *result.x);
+        else
+            require("--x", *result.x, Wanted::NumbersOrTimes);
     }
 
-    // Ends with a message where a column that the user named holds something else.
-    void require(const std::string& option, std::size_t index, bool timesToo) const {
-        const Column& wanted = column(index);
-        if (wanted.type.kind == ColumnKind::Number ||
-            (timesToo && wanted.type.kind == ColumnKind::Time))
-            return;
-        const std::size_t line = wanted.firstBadCell ? wanted.firstBadCell->line
-                                 : table.hasHeader   ? 2
-                                                     : 1;
-        const bool words = wanted.type.kind == ColumnKind::Word;
-        fail(table, line,
-             option + ": " + describeColumn(table, index) + " holds " +
-                 (words ? "words" : "dates") + ", not numbers" + (timesToo ? " or dates" : ""));
+    // Bars stand at names where there are any that can tell them apart.
+    std::optional<std::size_t> wordsForBars() const {
+        if (!isBars() || firstOf(ColumnKind::Time, by))
+            return std::nullopt;
+        const std::optional<std::size_t> words = firstOf(ColumnKind::Word, by);
+        if (!words || column(*words).tooManyWords)
+            return std::nullopt;
+        const std::vector<std::uint32_t>& codes = column(*words).codes;
+        const std::vector<double> places(codes.begin(), codes.end());
+        return isUniqueWithin(groupCodes(), places) ? words : std::nullopt;
     }
 
-    std::optional<std::size_t> firstOf(ColumnKind wanted) const {
-        for (std::size_t c = 0; c < table.columns.size(); ++c) {
-            if (kind(c) == wanted && !isBy(c))
-                return c;
+    // The group of each row, all 0 without groups.
+    std::vector<std::uint32_t> groupCodes() const {
+        std::vector<std::uint32_t> codes(table.rows);
+        if (!by)
+            return codes;
+        const Column& names = column(*by);
+        if (names.type.kind == ColumnKind::Word)
+            return names.tooManyWords ? codes : names.codes;
+        const std::vector<double> distinct = fewDistinct(names.values, mostNumberGroups);
+        for (std::size_t row = 0; row < codes.size() && !distinct.empty(); ++row) {
+            const auto place = std::ranges::lower_bound(distinct, names.values[row]);
+            codes[row] = static_cast<std::uint32_t>(place - distinct.begin());
         }
-        return std::nullopt;
-    }
-
-    std::size_t countOf(ColumnKind wanted) const {
-        std::size_t count = 0;
-        for (std::size_t c = 0; c < table.columns.size(); ++c)
-            count += kind(c) == wanted && !isBy(c) ? 1 : 0;
-        return count;
-    }
-
-    // A nameless first column that counts rows, as some programs write it.
-    bool isRowNumber(std::size_t index) const {
-        const Column& counter = column(index);
-        if (!table.hasHeader || counter.type.kind != ColumnKind::Number ||
-            counter.name != "column " + std::to_string(index + 1) || counter.values.empty())
-            return false;
-        for (std::size_t i = 1; i < counter.values.size(); ++i) {
-            if (counter.values[i] != counter.values[i - 1] + 1.0)
-                return false;
-        }
-        return counter.values.front() == 0.0 || counter.values.front() == 1.0;
-    }
-
-    // Words that come back again and again, as names of groups do.
-    bool hasRepeatedWords(std::size_t index) const {
-        const Column& names = column(index);
-        return names.type.kind == ColumnKind::Word && !names.tooManyWords &&
-               names.words.size() * 2 <= table.rows;
+        return codes;
     }
 
     void chooseX() {
         if (options.x) {
-            result.x = named("--x", *options.x);
-            require("--x", *result.x, true);
+            chooseNamedX(*options.x);
             return;
         }
-        const std::size_t numbers = countOf(ColumnKind::Number);
+        result.x = wordsForBars();
+        if (result.x)
+            return;
+        const std::size_t numbers = countOf(ColumnKind::Number, by);
         if (kind(0) == ColumnKind::Time && !isBy(0)) {
             result.x = 0;
         } else if (kind(0) == ColumnKind::Number && !isBy(0)) {
-            const std::optional<std::size_t> time = firstOf(ColumnKind::Time);
+            const std::optional<std::size_t> time = firstOf(ColumnKind::Time, by);
             if (time && isRowNumber(0)) {
                 result.x = time;
                 skipped = 0;
             } else if (numbers > 1 || !options.y.empty()) {
                 result.x = 0;
             }
-        } else if (const std::optional<std::size_t> time = firstOf(ColumnKind::Time)) {
+        } else if (const std::optional<std::size_t> time = firstOf(ColumnKind::Time, by)) {
             result.x = time;
         } else if (numbers > 1 && (options.by || hasRepeatedWords(0))) {
-            result.x = firstOf(ColumnKind::Number);
+            result.x = firstOf(ColumnKind::Number, by);
         }
         if (!result.x)
             note("no column gives x; the rows are numbered");
@@ -135,7 +112,7 @@ private:
     void chooseY() {
         for (const std::string& name : options.y) {
             const std::size_t index = named("--y", name);
-            require("--y", index, false);
+            require("--y", index, Wanted::Numbers);
             result.y.push_back({index});
         }
         if (!result.y.empty())
@@ -147,25 +124,15 @@ private:
             if (column(c).filledCells > 0)
                 result.y.push_back({c});
             else
-                note(describeColumn(table, c) + " is empty; left out");
+                note(describe(c) + " is empty; left out");
         }
         if (result.y.empty())
-            fail(table, 1,
-                 result.x ? "no column of numbers besides " + describeColumn(table, *result.x)
-                          : std::string("no column of numbers"));
-    }
-
-    void requireClean(std::size_t index) const {
-        const Column& used = column(index);
-        if (!used.firstBadCell)
-            return;
-        fail(table, used.firstBadCell->line,
-             describeColumn(table, index) + ": \"" + used.firstBadCell->text + "\" is not a " +
-                 (used.type.kind == ColumnKind::Time ? "date like the others" : "number"));
+            fail(1, result.x ? "no column of numbers besides " + describe(*result.x)
+                             : std::string("no column of numbers"));
     }
 
     void requireCleanCells() const {
-        if (result.x)
+        if (result.x && kind(*result.x) != ColumnKind::Word)
             requireClean(*result.x);
         for (const DrawnColumn& drawn : result.y)
             requireClean(drawn.column);
@@ -190,8 +157,8 @@ private:
         for (std::size_t c = 0; c < table.columns.size(); ++c) {
             const bool used = isBy(c) || (result.x && c == *result.x);
             if (!used && kind(c) != ColumnKind::Number)
-                note(describeColumn(table, c) + " holds " +
-                     (kind(c) == ColumnKind::Word ? "words" : "dates") + "; left out");
+                note(describe(c) + " holds " + (kind(c) == ColumnKind::Word ? "words" : "dates") +
+                     "; left out");
         }
     }
 
@@ -202,19 +169,14 @@ private:
             groupBy(index, few ? Grouping::Values : Grouping::Classes);
             return;
         }
-        if (names.firstBadCell)
-            fail(table, names.firstBadCell->line,
-                 "--by: " + describeColumn(table, index) + " mixes numbers and words");
-        if (names.tooManyWords || names.words.size() > mostSeries)
-            fail(table, table.hasHeader ? 2 : 1,
-                 "--by: " + describeColumn(table, index) + " has more than " +
-                     std::to_string(mostSeries) + " different values");
+        requireNames("--by", index);
         groupBy(index, Grouping::Values);
     }
 
     // Long form: the same x comes back for another word, and only once for each.
     void guessGrouping() {
-        if (!result.x || isStrictlyIncreasing(column(*result.x).values))
+        if (!result.x || kind(*result.x) == ColumnKind::Word ||
+            isStrictlyIncreasing(column(*result.x).values))
             return;
         const std::vector<double>& x = column(*result.x).values;
         std::optional<std::size_t> best;
@@ -231,9 +193,9 @@ private:
         }
         if (best) {
             groupBy(*best, Grouping::Values);
-            note("one series for each value of " + describeColumn(table, *best));
+            note("one series for each value of " + describe(*best));
         } else if (anyNames && isRepeated(x) && kind(*result.x) == ColumnKind::Time) {
-            note(describeColumn(table, *result.x) +
+            note(describe(*result.x) +
                  " repeats; --by NAME draws one series for each value of a column");
         }
     }
@@ -244,8 +206,9 @@ private:
 
     // A grid of positions with values: a map says more than lines over one of its sides.
     void choosePositions() {
-        if (options.x || options.by || !options.y.empty() || result.grouping != Grouping::None ||
-            !result.x || kind(*result.x) != ColumnKind::Number || result.y.size() < 2)
+        if (options.kind || options.x || options.by || !options.y.empty() ||
+            result.grouping != Grouping::None || !result.x ||
+            kind(*result.x) != ColumnKind::Number || result.y.size() < 2)
             return;
         const std::size_t vertical = result.y.front().column;
         if (!isZigzag(column(*result.x).values) ||
@@ -254,23 +217,37 @@ private:
         const std::size_t value = result.y.back().column;
         result.y.resize(1);
         groupByNamed(value);
-        result.scatter = true;
+        result.kind = ChartKind::Scatter;
         note("positions: " + column(vertical).name + " over " + column(*result.x).name +
              ", colours by " + column(value).name + "; --by NAME takes another column");
     }
 
     void chooseMarkers() {
-        result.scatter = result.scatter || options.scatter || result.grouping == Grouping::Classes;
+        if (options.kind)
+            return;
+        if (result.grouping == Grouping::Classes)
+            result.kind = ChartKind::Scatter;
         // Rows of a time axis are put into order instead.
-        if (result.scatter || !result.x || kind(*result.x) == ColumnKind::Time)
+        if (isScatter() || !result.x || kind(*result.x) == ColumnKind::Time)
             return;
         const std::vector<double>& x = column(*result.x).values;
-        if (result.grouping == Grouping::None)
-            result.scatter = isZigzag(x);
-        else
-            result.scatter = isZigzagWithinGroups(x);
-        if (result.scatter)
-            note(describeColumn(table, *result.x) + " is in no order; drawn as markers");
+        if (result.grouping == Grouping::None ? !isZigzag(x) : !isZigzagWithinGroups(x))
+            return;
+        result.kind = ChartKind::Scatter;
+        note(describe(*result.x) + " is in no order; drawn as markers");
+    }
+
+    // Of bars at one place only the last would be seen.
+    void requireOneBarAtAPlace() const {
+        if (!isBars() || !result.x || result.grouping == Grouping::Classes)
+            return;
+        const Column& x = column(*result.x);
+        const std::vector<double> codes(x.codes.begin(), x.codes.end());
+        if (isUniqueWithin(groupCodes(), x.type.kind == ColumnKind::Word ? codes : x.values))
+            return;
+        failInData("--kind bar: " + describe(*result.x) + " holds a value more than once; " +
+                   (by ? "--x NAME takes another column"
+                       : "--by NAME draws one series for each value of a column"));
     }
 
     bool isZigzagWithinGroups(const std::vector<double>& x) const {
@@ -283,23 +260,25 @@ private:
         return std::ranges::any_of(groups, isZigzag);
     }
 
-    void requirePositive() const {
-        const auto check = [this](const std::string& option, std::size_t index) {
-            const std::vector<double>& values = column(index).values;
-            if (std::ranges::none_of(values, [](double value) { return value > 0.0; }))
-                fail(table, table.hasHeader ? 2 : 1,
-                     option + ": " + describeColumn(table, index) + " has no value above 0");
-        };
+    void requirePositiveForLogarithms() const {
         if (options.logX && result.x) {
-            if (kind(*result.x) == ColumnKind::Time)
-                fail(table, table.hasHeader ? 2 : 1,
-                     "--log-x: " + describeColumn(table, *result.x) + " holds dates");
-            check("--log-x", *result.x);
+            if (kind(*result.x) != ColumnKind::Number)
+                failInData("--log-x: " + describe(*result.x) + " holds " +
+                           (kind(*result.x) == ColumnKind::Time ? "dates" : "words"));
+            requirePositive("--log-x", *result.x);
         }
-        if (options.logY) {
-            for (const DrawnColumn& drawn : result.y)
-                check("--log-y", drawn.column);
+        for (const DrawnColumn& drawn : result.y) {
+            if (options.logY)
+                requirePositive("--log-y", drawn.column);
         }
+    }
+
+    void suggestCandles() {
+        const bool hasAll = std::ranges::all_of(priceColumns, [this](const char* name) {
+            return findPriceColumn(table, name).has_value();
+        });
+        if (hasAll && !options.kind && options.y.empty() && !options.by)
+            note("open, high, low and close; --kind candle draws candles");
     }
 
     // Where the magnitudes fall into two camps more than two orders apart, each gets an axis.
@@ -341,6 +320,20 @@ private:
 } // namespace
 
 ChartPlan planChart(const Table& table, const Options& options) {
+    switch (options.kind.value_or(ChartKind::Line)) {
+    case ChartKind::Histogram:
+        return planHistogram(table, options);
+    case ChartKind::Box:
+        return planBoxes(table, options);
+    case ChartKind::HeatMap:
+        return planHeatMap(table, options);
+    case ChartKind::Candlestick:
+        return planCandles(table, options);
+    case ChartKind::Line:
+    case ChartKind::Scatter:
+    case ChartKind::Bar:
+        break;
+    }
     return Planner(table, options).plan();
 }
 

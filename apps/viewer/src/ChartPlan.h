@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ChartKind.h"
 #include "Options.h"
 #include "Table.h"
 
@@ -30,17 +31,22 @@ struct DrawnColumn {
 
 /// What of a table goes where in a chart.
 struct ChartPlan {
+    ChartKind kind = ChartKind::Line;
     /// None numbers the rows, 1 for the first.
     std::optional<std::size_t> x;
+    /// For candles open, high, low and close; for a heat map of positions the vertical one, and for
+    /// a heat map of a matrix all columns.
     std::vector<DrawnColumn> y;
     Grouping grouping = Grouping::None;
     std::size_t by = 0;
-    bool scatter = false;
+    /// The values of a heat map of positions; none for a matrix.
+    std::optional<std::size_t> value;
     /// What the user should know, one line each.
     std::vector<std::string> notes;
 };
 
 /// Chooses what to draw: what the options ask for, and for the rest what a reader would expect.
+/// Without a kind in the options that is lines or markers.
 ///
 /// Errors: throws Failure naming file, line and column for columns that are not there or do not
 /// hold what is asked of them.

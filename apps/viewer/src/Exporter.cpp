@@ -9,12 +9,17 @@
 #include <QtSvgRenderSurface.h>
 
 #include <QBuffer>
-#include <QImage>
+#include <QFile>
 #include <QMarginsF>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <system_error>
 
 namespace viewer {
 
@@ -24,16 +29,11 @@ namespace {
 constexpr int pixelsPerInch = 96;
 constexpr int pdfUnitsPerInch = 1200;
 
-QByteArray pngBytes(zembra::Plot& plot, int width, int height) {
-    zembra::QtRenderSurface surface;
-    surface.create(width, height);
-    plot.renderInto(*surface.painter(), width, height);
-    const std::vector<std::uint8_t> pixels = surface.getImageData(width, height);
-    const QImage image(pixels.data(), width, height, qsizetype(4) * width, QImage::Format_RGBA8888);
+QByteArray pngBytes(zembra::Plot& plot, const PictureSize& size) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    return image.save(&buffer, "PNG") ? bytes : QByteArray();
+    return plotImage(plot, size).save(&buffer, "PNG") ? bytes : QByteArray();
 }
 
 QByteArray svgBytes(zembra::Plot& plot, int width, int height) {
@@ -64,14 +64,14 @@ QByteArray pdfBytes(zembra::Plot& plot, int width, int height) {
     return bytes;
 }
 
-QByteArray pictureBytes(zembra::Plot& plot, PictureKind kind, int width, int height) {
+QByteArray pictureBytes(zembra::Plot& plot, PictureKind kind, const PictureSize& size) {
     switch (kind) {
     case PictureKind::Png:
-        return pngBytes(plot, width, height);
+        return pngBytes(plot, size);
     case PictureKind::Svg:
-        return svgBytes(plot, width, height);
+        return svgBytes(plot, size.width, size.height);
     case PictureKind::Pdf:
-        return pdfBytes(plot, width, height);
+        return pdfBytes(plot, size.width, size.height);
     }
     return {};
 }
@@ -80,21 +80,79 @@ QByteArray pictureBytes(zembra::Plot& plot, PictureKind kind, int width, int hei
     throw Failure(path + ": cannot be written: " + reason, Failure::Kind::CannotWrite);
 }
 
+// Pipes and devices take what they get; renaming something over them would destroy them.
+bool isPipeOrDevice(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    return std::filesystem::is_other(status);
+}
+
+// Opened before the picture is drawn, which takes longer than to find out that it is in vain.
+class Target {
+public:
+    explicit Target(const std::string& path) : path(path) {
+        const QString name = QString::fromStdString(path);
+        if (isPipeOrDevice(path))
+            file = std::make_unique<QFile>(name);
+        else
+            file = std::make_unique<QSaveFile>(name);
+        if (!file->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+            fail(path, file->errorString().toStdString());
+    }
+
+    void write(const QByteArray& bytes) {
+        if (bytes.isEmpty())
+            fail(path, "the picture could not be made");
+        auto* const saved = qobject_cast<QSaveFile*>(file.get());
+        if (!writeAll(bytes) || (saved && !saved->commit()))
+            fail(path, file->errorString().toStdString());
+    }
+
+private:
+    // A full disk takes a part first and tells why only at the next attempt.
+    bool writeAll(const QByteArray& bytes) {
+        qint64 done = 0;
+        while (done < bytes.size()) {
+            const qint64 count = file->write(bytes.constData() + done, bytes.size() - done);
+            if (count <= 0)
+                return false;
+            done += count;
+        }
+        return true;
+    }
+
+    std::string path;
+    std::unique_ptr<QFileDevice> file;
+};
+
 } // namespace
 
-void exportPlot(zembra::Plot& plot, const std::string& path, int width, int height) {
+int PictureSize::inPixels(int side) const {
+    return std::clamp(qRound(double(side) * resolution / pixelsPerInch), 1, largestPictureSide);
+}
+
+QImage plotImage(zembra::Plot& plot, const PictureSize& size) {
+    zembra::QtRenderSurface surface;
+    surface.create(size.pixelWidth(), size.pixelHeight());
+    surface.scale(double(size.pixelWidth()) / size.width, double(size.pixelHeight()) / size.height);
+    plot.renderInto(*surface.painter(), size.width, size.height);
+    const std::vector<std::uint8_t> pixels =
+        surface.getImageData(size.pixelWidth(), size.pixelHeight());
+    QImage image = QImage(pixels.data(), size.pixelWidth(), size.pixelHeight(),
+                          qsizetype(4) * size.pixelWidth(), QImage::Format_RGBA8888)
+                       .copy();
+    const int dotsPerMeter = qRound(size.resolution / 0.0254);
+    image.setDotsPerMeterX(dotsPerMeter);
+    image.setDotsPerMeterY(dotsPerMeter);
+    return image;
+}
+
+void exportPlot(zembra::Plot& plot, const std::string& path, const PictureSize& size) {
     const std::optional<PictureKind> kind = pictureKind(path);
     if (!kind)
         fail(path, "the file name has to end in .png, .svg or .pdf");
-    // Asked before drawing, which takes longer.
-    QSaveFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::WriteOnly))
-        fail(path, file.errorString().toStdString());
-    const QByteArray bytes = pictureBytes(plot, *kind, width, height);
-    if (bytes.isEmpty())
-        fail(path, "the picture could not be made");
-    if (file.write(bytes) != bytes.size() || !file.commit())
-        fail(path, file.errorString().toStdString());
+    Target target(path);
+    target.write(pictureBytes(plot, *kind, size));
 }
 
 } // namespace viewer

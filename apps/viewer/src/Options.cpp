@@ -14,9 +14,9 @@ namespace viewer {
 
 namespace {
 
-// Beyond this the pixels of one picture alone take 400 MB.
-constexpr int largestSide = 10000;
 constexpr int smallestSide = 16;
+constexpr int leastResolution = 24;
+constexpr int mostResolution = 2400;
 
 std::vector<std::string> splitNames(const std::string& text) {
     std::vector<std::string> names;
@@ -33,16 +33,33 @@ std::vector<std::string> splitNames(const std::string& text) {
 bool readSide(std::string_view text, int& side) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), side);
     return error == std::errc() && end == text.data() + text.size() && side >= smallestSide &&
-           side <= largestSide;
+           side <= largestPictureSide;
 }
 
 void readSize(const std::string& text, Options& options) {
     const std::size_t cross = text.find_first_of("xX");
     if (cross == std::string::npos ||
-        !readSide(std::string_view(text).substr(0, cross), options.width) ||
-        !readSide(std::string_view(text).substr(cross + 1), options.height))
+        !readSide(std::string_view(text).substr(0, cross), options.size.width) ||
+        !readSide(std::string_view(text).substr(cross + 1), options.size.height))
         throw Failure("--size " + text + ": not a size such as 960x600, each side from " +
-                      std::to_string(smallestSide) + " to " + std::to_string(largestSide));
+                      std::to_string(smallestSide) + " to " + std::to_string(largestPictureSide));
+}
+
+void readResolution(const std::string& text, Options& options) {
+    const auto [end, error] =
+        std::from_chars(text.data(), text.data() + text.size(), options.size.resolution);
+    if (error != std::errc() || end != text.data() + text.size() ||
+        options.size.resolution < leastResolution || options.size.resolution > mostResolution)
+        throw Failure("--resolution " + text + ": not a number of pixels per inch from " +
+                      std::to_string(leastResolution) + " to " + std::to_string(mostResolution));
+}
+
+void requirePossibleSize(const Options& options) {
+    const double scale = options.size.resolution / 96.0;
+    if (std::max(options.size.width, options.size.height) * scale > largestPictureSide)
+        throw Failure("--resolution " + std::to_string(options.size.resolution) +
+                      ": makes a picture of more than " + std::to_string(largestPictureSide) +
+                      " pixels to a side");
 }
 
 void addExport(const std::string& path, Options& options) {
@@ -51,12 +68,27 @@ void addExport(const std::string& path, Options& options) {
     options.exports.push_back(path);
 }
 
+void setKind(ChartKind kind, Options& options) {
+    if (options.kind && *options.kind != kind)
+        throw Failure("--kind: one kind at a time: " + chartKindName(*options.kind) + " or " +
+                      chartKindName(kind));
+    options.kind = kind;
+}
+
+void readKind(const std::string& text, Options& options) {
+    const std::optional<ChartKind> kind = chartKind(text);
+    if (!kind)
+        throw Failure("--kind " + text +
+                      ": not a kind; there are line, scatter, bar, hist, box, heat, candle");
+    setKind(*kind, options);
+}
+
 using Flag = std::function<void(Options&)>;
 using Setter = std::function<void(Options&, const std::string&)>;
 
 const std::map<std::string, Flag, std::less<>>& flags() {
     static const std::map<std::string, Flag, std::less<>> all = {
-        {"--scatter", [](Options& o) { o.scatter = true; }},
+        {"--scatter", [](Options& o) { setKind(ChartKind::Scatter, o); }},
         {"--log-x", [](Options& o) { o.logX = true; }},
         {"--log-y", [](Options& o) { o.logY = true; }},
         {"--help", [](Options& o) { o.help = true; }},
@@ -69,9 +101,11 @@ const std::map<std::string, Flag, std::less<>>& flags() {
 const std::map<std::string, Setter, std::less<>>& setters() {
     static const std::map<std::string, Setter, std::less<>> all = {
         {"--x", [](Options& o, const std::string& value) { o.x = value; }},
+        {"--kind", [](Options& o, const std::string& value) { readKind(value, o); }},
         {"--by", [](Options& o, const std::string& value) { o.by = value; }},
         {"--title", [](Options& o, const std::string& value) { o.title = value; }},
         {"--size", [](Options& o, const std::string& value) { readSize(value, o); }},
+        {"--resolution", [](Options& o, const std::string& value) { readResolution(value, o); }},
         {"--export", [](Options& o, const std::string& value) { addExport(value, o); }},
         {"--y",
          [](Options& o, const std::string& value) {
@@ -87,18 +121,52 @@ const std::map<std::string, Setter, std::less<>>& setters() {
 void takeFile(const std::string& path, Options& options) {
     if (path.empty())
         throw Failure("the name of the file is empty");
-    if (!options.file.empty())
-        throw Failure("one file at a time: " + options.file + " or " + path);
-    options.file = path;
+    options.files.push_back(path);
 }
 
 void requireFileForColumns(const Options& options) {
-    if (!options.file.empty())
+    if (!options.files.empty())
         return;
-    const bool named = options.x || options.by || !options.y.empty() || options.scatter ||
+    const bool named = options.x || options.by || !options.y.empty() || options.kind ||
                        options.logX || options.logY || options.title || !options.exports.empty();
     if (named)
         throw Failure("a data file is missing; zembra-view --help tells how to call the program");
+}
+
+void refuse(bool isGiven, const char* option, const Options& options) {
+    if (isGiven)
+        throw Failure("--kind " + chartKindName(*options.kind) + ": " + option +
+                      " has no meaning with it");
+}
+
+// What can be told without looking into the file.
+void requireFittingOptions(const Options& options) {
+    if (options.files.size() > 1 && !options.exports.empty())
+        throw Failure("--export: one file at a time: " + options.files[0] + " or " +
+                      options.files[1]);
+    if (!options.kind)
+        return;
+    switch (*options.kind) {
+    case ChartKind::Histogram:
+        refuse(options.x.has_value(), "--x", options);
+        break;
+    case ChartKind::Box:
+        refuse(options.x.has_value(), "--x", options);
+        refuse(options.logX, "--log-x", options);
+        break;
+    case ChartKind::HeatMap:
+        refuse(options.logX, "--log-x", options);
+        refuse(options.logY, "--log-y", options);
+        break;
+    case ChartKind::Candlestick:
+        refuse(!options.y.empty(), "--y", options);
+        refuse(options.by.has_value(), "--by", options);
+        break;
+    case ChartKind::Line:
+    case ChartKind::Scatter:
+    case ChartKind::Bar:
+        break;
+    }
 }
 
 } // namespace
@@ -132,14 +200,18 @@ Options parseOptions(const std::vector<std::string>& arguments) {
         else
             throw Failure(name + ": a value is missing");
     }
-    if (!options.help && !options.version)
+    if (!options.help && !options.version) {
         requireFileForColumns(options);
+        requireFittingOptions(options);
+        requirePossibleSize(options);
+    }
     return options;
 }
 
 std::string usage() {
-    return R"(Usage: zembra-view [OPTION]... [FILE]
-Draws a CSV or TSV file as a chart. Without FILE it shows sample charts.
+    return R"(Usage: zembra-view [OPTION]... [FILE]...
+Draws CSV or TSV files, or grids of values in JSON, as charts, one tab for each. Without FILE it
+shows sample charts.
 
 The first column gives x when it holds dates or numbers; every other column of numbers becomes one
 line. Separator, decimal point and header are found without being told, and so are tables that hold
@@ -149,11 +221,21 @@ first.
   --x NAME         take x from this column
   --y NAME,NAME    draw these columns only
   --by NAME        one series for each value of this column
-  --scatter        markers instead of lines
+  --kind KIND      what to draw:
+                     line     y over x; so it is without a kind, unless x is in no order
+                     scatter  a marker for each row
+                     bar      a bar from 0 to y, at dates, numbers or names
+                     hist     how often the values of each column occur
+                     box      quartiles and outliers, by column or by the values of --by
+                     heat     values as colours: x, y and value (--x, --y, --by) at even distances,
+                              a matrix without header, or a grid in JSON
+                     candle   open, high, low and close, found by name
+  --scatter        short for --kind scatter
   --log-x          logarithmic horizontal axis
   --log-y          logarithmic vertical axis
   --title TEXT     title of the chart
   --size WxH       size in pixels (960x600)
+  --resolution N   pixels per inch of exported pixels (96): 192 draws twice as finely
   --export FILE    write the chart instead of showing it: .png, .svg or .pdf (repeatable)
   --help           print this text
   --version        print the version

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ChartKind.h"
+#include "Exporter.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,17 +12,15 @@ namespace viewer {
 
 /// What the command line asks for.
 struct Options {
-    /// Empty for the sample charts.
-    std::string file;
+    /// Each becomes a chart; "-" is standard input. Empty for the sample charts.
+    std::vector<std::string> files;
     std::optional<std::string> x;
     std::vector<std::string> y;
     std::optional<std::string> by;
-    bool scatter = false;
+    std::optional<ChartKind> kind;
     bool logX = false;
     bool logY = false;
-    /// Units: logical pixels.
-    int width = 960;
-    int height = 600;
+    PictureSize size;
     std::optional<std::string> title;
     std::vector<std::string> exports;
     bool help = false;
@@ -28,7 +29,8 @@ struct Options {
 
 /// Reads the arguments that follow the program's name; `--name VALUE` and `--name=VALUE` both do.
 ///
-/// Errors: throws Failure for unknown options, missing or bad values and a second file.
+/// Errors: throws Failure for unknown options, missing or bad values, and options that exclude each
+/// other.
 Options parseOptions(const std::vector<std::string>& arguments);
 
 /// The text of `--help`.

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 #include <string_view>
 #include <unordered_map>
@@ -170,7 +171,10 @@ private:
 class InputFile {
 public:
     explicit InputFile(const std::string& path) : path(path), file(QString::fromStdString(path)) {
-        if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        const bool isOpen = path == "-"
+                                ? file.open(stdin, QIODevice::ReadOnly | QIODevice::Unbuffered)
+                                : file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        if (!isOpen)
             throw Failure(path + ": cannot be read: " + file.errorString().toStdString());
         if (!file.isSequential())
             total = file.size();
@@ -255,10 +259,16 @@ std::vector<std::vector<std::string>> firstRecords(std::string_view head, bool i
     return records;
 }
 
+void takeYearsAsNumbers(ColumnTypes& types) {
+    for (ColumnType& type : types.types) {
+        if (type.kind == ColumnKind::Time && type.order == DateOrder::Year)
+            type = {ColumnKind::Number};
+    }
+}
+
 } // namespace
 
-Table readTable(const std::string& path, const std::optional<std::string>& wordColumn,
-                const ReadProgress& progress) {
+Table readTable(const std::string& path, const ReadRequest& request, const ReadProgress& progress) {
     InputFile input(path);
     bool isWhole = false;
     std::string head = readHead(input, isWhole);
@@ -267,11 +277,13 @@ Table readTable(const std::string& path, const std::optional<std::string>& wordC
 
     const Dialect dialect = guessDialect(head, isWhole);
     const auto records = firstRecords(head, isWhole, dialect.separator);
-    const ColumnTypes types = guessColumnTypes(records, dialect.decimalMark);
+    ColumnTypes types = guessColumnTypes(records, dialect.decimalMark);
+    if (request.yearsAreNumbers)
+        takeYearsAsNumbers(types);
 
     TableBuilder builder(path, types, dialect.decimalMark);
-    if (wordColumn)
-        builder.keepWords(*wordColumn);
+    if (request.wordColumn)
+        builder.keepWords(*request.wordColumn);
     CsvReader reader(
         dialect.separator, [&builder](const Record& record) { builder.add(record); }, 1 + comments);
     reader.feed(head);
@@ -285,7 +297,8 @@ Table readTable(const std::string& path, const std::optional<std::string>& wordC
         const std::string_view piece = input.read();
         isWhole = piece.empty();
         reader.feed(piece);
-        progress(input.bytes(), input.size(), builder.rows());
+        if (!progress(input.bytes(), input.size(), builder.rows()))
+            throw ReadingCancelled();
     }
     const std::size_t lastLine = reader.line();
     const std::size_t lastColumn = reader.completeFields() + 1;

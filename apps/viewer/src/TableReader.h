@@ -10,17 +10,26 @@
 
 namespace viewer {
 
-/// Called now and then while a file is read. Units: bytes and records so far; `size` is the size
-/// of the file, 0 where it has none, as pipes.
-using ReadProgress = std::function<void(std::int64_t bytes, std::int64_t size, std::size_t rows)>;
+/// Called now and then while a file is read; returns false to give up. Units: bytes and records so
+/// far; `size` is the size of the file, 0 where it has none, as pipes.
+using ReadProgress = std::function<bool(std::int64_t bytes, std::int64_t size, std::size_t rows)>;
+
+/// Thrown where the progress function gives up.
+struct ReadingCancelled {};
+
+/// How to understand the columns of a file.
+struct ReadRequest {
+    /// A column that is kept as words even where it holds dates.
+    std::optional<std::string> wordColumn;
+    /// Numbers of four digits are values, never years.
+    bool yearsAreNumbers = false;
+};
 
 /// Reads a CSV or TSV file in chunks; separator, decimal mark, header and column types are found
-/// in the first one.
+/// in the first one. The path "-" stands for standard input.
 ///
-/// `wordColumn` names a column that is kept as words even where it holds dates.
 /// Errors: throws Failure naming file and line for files that cannot be read, hold no rows, are no
 /// text, or have a record with too many fields or a quote that is never closed.
-Table readTable(const std::string& path, const std::optional<std::string>& wordColumn,
-                const ReadProgress& progress);
+Table readTable(const std::string& path, const ReadRequest& request, const ReadProgress& progress);
 
 } // namespace viewer

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ChartBuilder.h"
-#include "ChartPlan.h"
+#include "ChartLoader.h"
 #include "Exporter.h"
 #include "Failure.h"
-#include "MainWindow.h"
 #include "Options.h"
 #include "Progress.h"
 #include "Samples.h"
-#include "TableReader.h"
+#include "window/MainWindow.h"
 
 #include <QApplication>
 #include <QByteArray>
@@ -24,11 +22,6 @@
 namespace {
 
 using namespace viewer;
-
-struct Chart {
-    std::string name;
-    std::shared_ptr<zembra::Plot> plot;
-};
 
 void say(const std::string& text) {
     std::fprintf(stderr, "zembra-view: %s\n", text.c_str());
@@ -49,25 +42,23 @@ bool hasDisplay() {
 
 std::vector<Chart> readCharts(const Options& options) {
     std::vector<Chart> charts;
-    if (options.file.empty()) {
+    if (options.files.empty()) {
         for (Sample& sample : sampleCharts())
-            charts.push_back({sample.name, std::move(sample.plot)});
+            charts.push_back({sample.name, std::move(sample.plot), {}});
         return charts;
     }
-    Table table;
-    {
-        Progress progress(options.file);
-        table = readTable(options.file, options.by,
-                          [&progress](std::int64_t bytes, std::int64_t size, std::size_t rows) {
-                              progress.update(bytes, size, rows);
-                          });
+    for (const std::string& file : options.files) {
+        Progress progress(file);
+        charts.push_back(loadChart(
+            file, options, [&progress](std::int64_t bytes, std::int64_t size, std::size_t rows) {
+                progress.update(bytes, size, rows);
+                return true;
+            }));
     }
-    const ChartPlan plan = planChart(table, options);
-    for (const std::string& note : plan.notes)
-        say(note);
-    charts.push_back(
-        {QFileInfo(QString::fromStdString(options.file)).completeBaseName().toStdString(),
-         buildChart(table, plan, options)});
+    for (const Chart& chart : charts) {
+        for (const std::string& note : chart.notes)
+            say(note);
+    }
     return charts;
 }
 
@@ -78,7 +69,7 @@ void writeToFolder(const std::vector<Chart>& charts, const Options& options) {
         throw Failure("out: the folder cannot be made", Failure::Kind::CannotWrite);
     for (const Chart& chart : charts) {
         const std::string path = "out/" + chart.name + ".png";
-        exportPlot(*chart.plot, path, options.width, options.height);
+        exportPlot(*chart.plot, path, options.size);
         say("no display; wrote " +
             QFileInfo(QString::fromStdString(path)).absoluteFilePath().toStdString());
     }
@@ -101,7 +92,7 @@ int writePictures(int& argc, char** argv, const Options& options) {
     if (options.exports.empty())
         writeToFolder(charts, options);
     for (const std::string& path : options.exports)
-        exportPlot(*charts.front().plot, path, options.width, options.height);
+        exportPlot(*charts.front().plot, path, options.size);
     return 0;
 }
 
@@ -116,7 +107,7 @@ int showWindow(int& argc, char** argv, const Options& options) {
     window.setWindowTitle(charts.size() == 1 ? QString::fromStdString(charts.front().name) +
                                                    QStringLiteral(" – zembra-view")
                                              : QStringLiteral("zembra-view"));
-    window.resize(options.width, options.height);
+    window.resize(options.size.width, options.size.height);
     window.show();
     window.offerHint();
     return QApplication::exec();

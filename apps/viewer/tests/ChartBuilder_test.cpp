@@ -6,14 +6,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <numeric>
+
 namespace viewer {
 namespace {
 
 using testing::ElementsAre;
 
 std::shared_ptr<zembra::Plot> chartOf(const std::string& text, const Options& options = {}) {
-    const Table table = tableOf(text, options.by);
-    return buildChart(table, planChart(table, options), options);
+    const auto table = std::make_shared<const Table>(
+        tableOf(text, {options.by, options.kind == ChartKind::HeatMap}));
+    return buildChart(table, planChart(*table, options), options);
 }
 
 std::vector<std::string> namesOf(const zembra::Plot& plot) {
@@ -60,7 +64,7 @@ TEST(ChartBuilder, DatesMakeATimeAxisWithoutATitle) {
 TEST(ChartBuilder, OptionsReachTheChart) {
     Options options;
     options.title = "A title";
-    options.scatter = true;
+    options.kind = ChartKind::Scatter;
     options.logX = true;
     options.logY = true;
     const auto plot = chartOf("t,a\n1,2\n2,8\n", options);
@@ -116,6 +120,105 @@ TEST(ChartBuilder, WithoutXTheRowsAreNumberedFromOne) {
     const auto plot = chartOf("a\n5\n6\n7\n");
     EXPECT_EQ(boundsOf(*plot, 0).x, (zembra::Interval{1.0, 3.0}));
     EXPECT_EQ(plot->axis(2).title(), "row");
+}
+
+template <class Kind>
+std::shared_ptr<Kind> only(const zembra::Plot& plot) {
+    EXPECT_EQ(plot.series().size(), 1U);
+    return std::dynamic_pointer_cast<Kind>(plot.series().front());
+}
+
+Options kind(ChartKind kind) {
+    Options options;
+    options.kind = kind;
+    return options;
+}
+
+TEST(ChartBuilder, ThePlotKeepsTheTableInsteadOfACopy) {
+    auto table = std::make_shared<const Table>(tableOf("t,a,b\n1,2,3\n2,8,4\n"));
+    const std::weak_ptr<const Table> watched = table;
+    auto plot = buildChart(table, planChart(*table, {}), {});
+    table.reset();
+    ASSERT_FALSE(watched.expired());
+    EXPECT_EQ(boundsOf(*plot, 0).y.max, 8.0);
+    plot.reset();
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST(ChartBuilder, BarsOfSeveralColumnsStandBesideEachOther) {
+    const auto plot = chartOf("city,a,b\nBern,1,2\nZug,3,4\n", kind(ChartKind::Bar));
+    ASSERT_TRUE(isAll<zembra::BarSeries>(*plot));
+    EXPECT_EQ(plot->series().size(), 2U);
+    const auto below = [&plot](std::size_t series, double x) {
+        const zembra::ScaleMap across(zembra::Scale::linear(), 0.0, 200.0, -0.5, 1.5);
+        const zembra::ScaleMap up(zembra::Scale::linear(), 100.0, 0.0, 0.0, 4.0);
+        return plot->series()[series]->nearest({x, 99.0}, across, up)->distance;
+    };
+    // The first name is at pixel 50; its bars reach 40 pixels to either side.
+    EXPECT_EQ(below(0, 30.0), 0.0);
+    EXPECT_GT(below(0, 70.0), 0.0);
+    EXPECT_GT(below(1, 30.0), 0.0);
+    EXPECT_EQ(below(1, 70.0), 0.0);
+    EXPECT_EQ(plot->axis(2).scale().ticks(-0.5, 1.5, {}).major.size(), 2U);
+}
+
+TEST(ChartBuilder, HistogramsOfSeveralColumnsShareTheirBins) {
+    const auto plot = chartOf("a,b\n1,5\n2,6\n3,9\n4,\n", kind(ChartKind::Histogram));
+    ASSERT_TRUE(isAll<zembra::HistogramSeries>(*plot));
+    const auto a = std::dynamic_pointer_cast<zembra::HistogramSeries>(plot->series()[0]);
+    const auto b = std::dynamic_pointer_cast<zembra::HistogramSeries>(plot->series()[1]);
+    EXPECT_EQ(a->edges(), b->edges());
+    EXPECT_EQ(std::accumulate(a->counts().begin(), a->counts().end(), std::size_t{0}), 4U);
+    EXPECT_EQ(std::accumulate(b->counts().begin(), b->counts().end(), std::size_t{0}), 3U);
+    EXPECT_EQ(plot->axis(0).title(), "count");
+}
+
+TEST(ChartBuilder, LogarithmicHistogramsHaveBinsOfEqualRatio) {
+    Options options = kind(ChartKind::Histogram);
+    options.logX = true;
+    const auto plot = chartOf("a\n1\n10\n100\n1000\n10000\n-5\n", options);
+    const std::vector<double>& edges = only<zembra::HistogramSeries>(*plot)->edges();
+    ASSERT_GE(edges.size(), 3U);
+    EXPECT_NEAR(edges[1] / edges[0], edges[2] / edges[1], 1e-9);
+}
+
+TEST(ChartBuilder, BoxesAreNamedByTheirGroups) {
+    Options options = kind(ChartKind::Box);
+    options.by = "w";
+    const auto plot = chartOf("w,a\nx,1\ny,10\nx,3\nx,2\n", options);
+    const auto boxes = only<zembra::BoxPlotSeries>(*plot);
+    ASSERT_EQ(boxes->statistics().size(), 2U);
+    EXPECT_EQ(boxes->statistics()[0].median, 2.0);
+    EXPECT_EQ(boxes->statistics()[1].count, 1U);
+    EXPECT_EQ(plot->axis(2).title(), "w");
+    EXPECT_EQ(plot->axis(0).title(), "a");
+}
+
+TEST(ChartBuilder, AMatrixBeginsAtTheTop) {
+    const auto plot = chartOf("1,2,3\n4,5,6\n", kind(ChartKind::HeatMap));
+    const zembra::Grid& grid = only<zembra::HeatMapSeries>(*plot)->grid();
+    EXPECT_EQ(grid.columns(), 3U);
+    EXPECT_EQ(grid.value(2, 0), 3.0);
+    EXPECT_EQ(grid.yCenter(0), 1.0);
+    EXPECT_EQ(plot->axis(0).range(), std::pair(2.5, 0.5));
+}
+
+TEST(ChartBuilder, PositionsWithoutAValueStayFree) {
+    const auto plot = chartOf("x,y,v\n10,0,1\n20,0,2\n10,5,3\n", kind(ChartKind::HeatMap));
+    const zembra::Grid& grid = only<zembra::HeatMapSeries>(*plot)->grid();
+    EXPECT_EQ(grid.x().first, 5.0);
+    EXPECT_EQ(grid.x().last, 25.0);
+    EXPECT_EQ(grid.value(0, 1), 3.0);
+    EXPECT_TRUE(std::isnan(grid.value(1, 1)));
+}
+
+TEST(ChartBuilder, CandlesLieOnATimeAxis) {
+    const auto plot = chartOf("date,open,high,low,close\n2001-02-03,1,3,0,2\n2001-02-04,2,4,1,3\n",
+                              kind(ChartKind::Candlestick));
+    ASSERT_TRUE(isAll<zembra::CandlestickSeries>(*plot));
+    EXPECT_EQ(boundsOf(*plot, 0).y.max, 4.0);
+    EXPECT_EQ(boundsOf(*plot, 0).y.min, 0.0);
+    EXPECT_EQ(plot->axis(0).title(), "close");
 }
 
 } // namespace

@@ -26,7 +26,7 @@ struct Told {
 };
 
 Told planOf(const std::string& text, const Options& options = {}) {
-    const Table table = tableOf(text, options.by);
+    const Table table = tableOf(text, {options.by, options.kind == ChartKind::HeatMap});
     Told told;
     told.plan = planChart(table, options);
     if (told.plan.x)
@@ -66,7 +66,7 @@ TEST(ChartPlan, TheFirstColumnGivesXAndTheOthersAreLines) {
     const Told told = planOf("t,a,b\n1,2,3\n2,3,4\n");
     EXPECT_EQ(told.x, "t");
     EXPECT_THAT(told.y, ElementsAre("a", "b"));
-    EXPECT_FALSE(told.plan.scatter);
+    EXPECT_EQ(told.plan.kind, ChartKind::Line);
     EXPECT_THAT(told.plan.notes, IsEmpty());
 }
 
@@ -115,7 +115,7 @@ TEST(ChartPlan, LongFormGivesOneSeriesForEachWord) {
     EXPECT_EQ(told.x, "date");
     EXPECT_THAT(told.y, ElementsAre("price"));
     EXPECT_EQ(told.by, "symbol");
-    EXPECT_FALSE(told.plan.scatter);
+    EXPECT_EQ(told.plan.kind, ChartKind::Line);
     EXPECT_THAT(told.plan.notes,
                 ElementsAre("data.csv: one series for each value of column 1 (symbol)"));
 }
@@ -146,16 +146,17 @@ TEST(ChartPlan, AGridOfPositionsIsAMap) {
     EXPECT_THAT(told.y, ElementsAre("lat"));
     EXPECT_EQ(told.by, "speed");
     EXPECT_EQ(told.plan.grouping, Grouping::Classes);
-    EXPECT_TRUE(told.plan.scatter);
+    EXPECT_EQ(told.plan.kind, ChartKind::Scatter);
 }
 
 TEST(ChartPlan, XInNoOrderGivesMarkers) {
-    EXPECT_TRUE(planOf("x,y\n1,1\n9,2\n2,3\n8,4\n3,5\n7,6\n").plan.scatter);
-    EXPECT_FALSE(planOf("x,y\n9,1\n8,2\n7,3\n6,4\n5,5\n4,6\n").plan.scatter);
+    EXPECT_EQ(planOf("x,y\n1,1\n9,2\n2,3\n8,4\n3,5\n7,6\n").plan.kind, ChartKind::Scatter);
+    EXPECT_EQ(planOf("x,y\n9,1\n8,2\n7,3\n6,4\n5,5\n4,6\n").plan.kind, ChartKind::Line);
     // Dates are put into order instead.
-    EXPECT_FALSE(planOf("x,y\n2000-01-01,1\n2000-01-09,2\n2000-01-02,3\n2000-01-08,4\n"
-                        "2000-01-03,5\n")
-                     .plan.scatter);
+    EXPECT_EQ(planOf("x,y\n2000-01-01,1\n2000-01-09,2\n2000-01-02,3\n2000-01-08,4\n"
+                     "2000-01-03,5\n")
+                  .plan.kind,
+              ChartKind::Line);
 }
 
 TEST(ChartPlan, VeryDifferentMagnitudesGetAnAxisEach) {

@@ -46,6 +46,14 @@ TEST(CsvReader, PiecesOfAnySizeGiveTheSameRecords) {
         EXPECT_EQ(readInPieces(text, size).records, expected) << size;
 }
 
+TEST(CsvReader, LinesWithAndWithoutQuotesMayTakeTurns) {
+    const std::string text = "a, b\n\n  \n1,2 \r\n\"x\ny\",3\n4,5\r6,7\n\t8,\n\"\",\n9, 1 0";
+    const Records expected = {"1: a|b", "4: 1|2", "5: x\ny|3", "7: 4|5",
+                              "8: 6|7", "9: 8|",  "10: |",     "11: 9|1 0"};
+    for (std::size_t size = 1; size <= text.size(); ++size)
+        EXPECT_EQ(readInPieces(text, size).records, expected) << size;
+}
+
 TEST(CsvReader, QuotedFieldsHoldSeparatorsQuotesAndLineEnds) {
     EXPECT_EQ(readInPieces("\"a,b\",\"say \"\"hi\"\"\",\"two\nlines\"\n7\n", 100).records,
               (Records{"1: a,b|say \"hi\"|two\nlines", "3: 7"}));

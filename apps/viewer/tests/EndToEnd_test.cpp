@@ -25,7 +25,13 @@ struct Outcome {
 
 class ZembraView : public testing::Test {
 protected:
-    Outcome run(const QStringList& arguments, bool platformSet = true) const {
+    Outcome run(const QStringList& arguments, bool platformSet = true,
+                const std::string& input = {}) const {
+        return start(QStringLiteral(ZEMBRA_VIEW_PROGRAM), arguments, platformSet, input);
+    }
+
+    Outcome start(const QString& program, const QStringList& arguments, bool platformSet = true,
+                  const std::string& input = {}) const {
         QProcess process;
         process.setWorkingDirectory(QString::fromStdString(workspace.path("")));
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -35,7 +41,9 @@ protected:
         if (platformSet)
             environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(ZEMBRA_VIEW_PROGRAM), arguments);
+        if (!input.empty())
+            process.setStandardInputFile(QString::fromStdString(workspace.path(input)));
+        process.start(program, arguments);
         Outcome outcome;
         if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
             return outcome;
@@ -120,12 +128,21 @@ TEST_F(ZembraView, LeftOutColumnsAreTold) {
 TEST_F(ZembraView, BadInputGivesOneLineAndExitCodeTwo) {
     workspace.write("data.csv", "x,y\n1,2\n2,oops\n3,4\n4,5\n");
     workspace.write("empty.csv", "");
+    workspace.write("bad.json", "{\"width\": 3,\n\"height\": oops}");
     const std::vector<std::pair<QStringList, std::string>> cases = {
         {{"data.csv"}, "zembra-view: data.csv:3: column 2 (y): \"oops\" is not a number\n"},
         {{"data.csv", "--x", "q"},
          "zembra-view: data.csv:1: --x: no column is called \"q\"; there are x, y\n"},
         {{"empty.csv"}, "zembra-view: empty.csv:1: the file is empty\n"},
         {{"none.csv"}, "zembra-view: none.csv: cannot be read: No such file or directory\n"},
+        {{"data.csv", "--kind", "pie"},
+         "zembra-view: --kind pie: not a kind; there are line, scatter, bar, hist, box, heat, "
+         "candle\n"},
+        {{"data.csv", "--kind", "candle"},
+         "zembra-view: data.csv:1: --kind candle: no column is called \"open\"; there are x, y\n"},
+        {{"data.csv", "--kind", "hist", "--x", "x"},
+         "zembra-view: --kind hist: --x has no meaning with it\n"},
+        {{"bad.json"}, "zembra-view: bad.json:2: illegal number\n"},
         {{"--wrong"}, "zembra-view: --wrong: unknown option; zembra-view --help lists them all\n"},
     };
     for (const auto& [arguments, message] : cases) {
@@ -136,12 +153,81 @@ TEST_F(ZembraView, BadInputGivesOneLineAndExitCodeTwo) {
     }
 }
 
+TEST_F(ZembraView, EveryKindIsAPictureOfItsOwn) {
+    std::string text = "date,open,high,low,close,place\n";
+    for (int day = 10; day < 30; ++day) {
+        const int open = 100 + (day * 7) % 13;
+        text += "2001-03-" + std::to_string(day) + "," + std::to_string(open) + "," +
+                std::to_string(open + 5) + "," + std::to_string(open - 4) + "," +
+                std::to_string(open + day % 5 - 2) + "," + (day % 2 == 0 ? "a" : "b") + "\n";
+    }
+    workspace.write("data.csv", text);
+    std::vector<std::string> pictures;
+    for (const char* const kind : {"line", "scatter", "bar", "hist", "box", "candle"}) {
+        const Outcome outcome = run({"data.csv", "--kind", kind, "--export", "a.png"});
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+        pictures.push_back(workspace.read("a.png"));
+    }
+    workspace.write("data.csv", "1,2,3\n4,5,6\n");
+    EXPECT_EQ(run({"data.csv", "--kind", "heat", "--export", "a.png"}).exitCode, 0);
+    pictures.push_back(workspace.read("a.png"));
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        EXPECT_FALSE(pictures[i].empty());
+        for (std::size_t k = 0; k < i; ++k)
+            EXPECT_FALSE(pictures[i] == pictures[k]) << i << " and " << k;
+    }
+}
+
+TEST_F(ZembraView, AGridAndAMatrixOfTheSameValuesAreTheSamePicture) {
+    workspace.write("a.csv", "1990,2010,3000\n2100,,2050\n");
+    workspace.write("a.json",
+                    R"({"width": 3, "height": 2, "values": [1990, 2010, 3000, 2100, null, 2050]})");
+    EXPECT_EQ(run({"a.csv", "--kind", "heat", "--export", "csv.png"}).exitCode, 0);
+    EXPECT_EQ(run({"a.json", "--export", "json.png"}).exitCode, 0);
+    EXPECT_FALSE(workspace.read("csv.png").empty());
+    EXPECT_TRUE(workspace.read("csv.png") == workspace.read("json.png"));
+}
+
+TEST_F(ZembraView, ATableComesThroughStandardInput) {
+    workspace.write("data.csv", "x,y\n1,2\n2,4\n3,3\n");
+    const Outcome outcome = run({"-", "--export", "a.png"}, true, "data.csv");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_EQ(run({"data.csv", "--title", "standard input", "--export", "b.png"}).exitCode, 0);
+    EXPECT_TRUE(workspace.read("a.png") == workspace.read("b.png"));
+}
+
 TEST_F(ZembraView, AnUnwritableExportSaysWhyAndExitsWithOne) {
     workspace.write("data.csv", "x,y\n1,2\n2,3\n");
     const Outcome outcome = run({"data.csv", "--export", "no/a.png"});
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_EQ(outcome.err, "zembra-view: no/a.png: cannot be written: No such file or directory\n");
 }
+
+#ifdef __linux__
+TEST_F(ZembraView, AFolderThatTakesNoFilesSaysSoAndExitsWithOne) {
+    workspace.write("data.csv", "x,y\n1,2\n2,3\n");
+    // Not even root makes files there.
+    const Outcome outcome = run({"data.csv", "--export", "/sys/a.png"});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.err, StartsWith("zembra-view: /sys/a.png: cannot be written: "));
+}
+
+TEST_F(ZembraView, WhereThereIsNoRoomForAPictureTheOldOneStays) {
+    workspace.write("data.csv", "x,y\n1,2\n2,3\n");
+    for (const std::string name : {"a.png", "a.svg", "a.pdf"}) {
+        workspace.write(name, "good");
+        const std::string command = "trap '' XFSZ; ulimit -f 8; exec '" ZEMBRA_VIEW_PROGRAM
+                                    "' data.csv --size 2000x1500 --export " +
+                                    name;
+        const Outcome outcome = start(QStringLiteral("/bin/sh"),
+                                      {QStringLiteral("-c"), QString::fromStdString(command)});
+        EXPECT_EQ(outcome.exitCode, 1);
+        EXPECT_EQ(outcome.err, "zembra-view: " + name + ": cannot be written: File too large\n");
+        EXPECT_EQ(workspace.read(name), "good");
+    }
+    EXPECT_EQ(workspace.files(), QStringList({"a.pdf", "a.png", "a.svg", "data.csv"}));
+}
+#endif
 
 TEST_F(ZembraView, NothingFiniteToShowIsStillAPicture) {
     workspace.write("data.csv", "x,y,z\n1,,1\n");

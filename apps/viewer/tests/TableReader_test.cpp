@@ -95,6 +95,7 @@ TEST(TableReader, ProgressReachesTheSizeOfTheFile) {
                   EXPECT_GE(bytes, last);
                   last = bytes;
                   all = size;
+                  return true;
               });
     EXPECT_EQ(last, static_cast<std::int64_t>(text.size()));
     EXPECT_EQ(all, last);
@@ -110,7 +111,7 @@ TEST(TableReader, TooManyDifferentWordsAreNotKept) {
 }
 
 TEST(TableReader, ANamedColumnOfDatesIsKeptAsWords) {
-    const Table table = tableOf("d,v\n2000-01-01,1\n2000-01-02,2\n", "d");
+    const Table table = tableOf("d,v\n2000-01-01,1\n2000-01-02,2\n", {"d"});
     EXPECT_EQ(table.columns[0].type.kind, ColumnKind::Word);
     EXPECT_THAT(table.columns[0].words, ElementsAre("2000-01-01", "2000-01-02"));
 }
@@ -143,6 +144,21 @@ TEST(TableReader, LinesOfCommentAtTheBeginningAreLeftOutButCounted) {
     EXPECT_EQ(table.columns[1].firstBadCell->line, 6U);
 }
 
+TEST(TableReader, ReadingCanBeGivenUp) {
+    const Workspace workspace;
+    std::string text = "x,y\n";
+    for (int i = 0; i < 200000; ++i)
+        text += "1,2\n";
+    const std::string path = workspace.write("data.csv", text);
+    int calls = 0;
+    const auto giveUp = [&calls](std::int64_t, std::int64_t, std::size_t) {
+        ++calls;
+        return false;
+    };
+    EXPECT_THROW(readTable(path, {}, giveUp), ReadingCancelled);
+    EXPECT_EQ(calls, 1);
+}
+
 TEST(TableReader, SuperfluousSeparatorsAtTheEndAreFine) {
     EXPECT_EQ(tableOf("x,y\n1,2,\n3,4,,\n").rows, 2U);
 }
@@ -150,8 +166,9 @@ TEST(TableReader, SuperfluousSeparatorsAtTheEndAreFine) {
 TEST(TableReader, FilesThatCannotBeReadSayWhy) {
     const Workspace workspace;
     const auto read = [](const std::string& path) {
-        return failureOf(
-            [&] { readTable(path, {}, [](std::int64_t, std::int64_t, std::size_t) {}); });
+        return failureOf([&] {
+            readTable(path, {}, [](std::int64_t, std::int64_t, std::size_t) { return true; });
+        });
     };
     EXPECT_THAT(read(workspace.path("data.csv")), StartsWith("data.csv: cannot be read: No such"));
     EXPECT_THAT(read(workspace.path("")), HasSubstr("cannot be read: "));

@@ -4,8 +4,10 @@
 #include "Failure.h"
 #include "TableReader.h"
 
+#include <QDir>
 #include <QFile>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <optional>
@@ -37,15 +39,20 @@ public:
         return QFile::exists(QString::fromStdString(path(name)));
     }
 
+    /// The names of all files, hidden ones too, in order.
+    QStringList files() const {
+        return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
 private:
     QTemporaryDir folder;
 };
 
 /// Reads a table from text, as if it were a file called data.csv.
-inline Table tableOf(std::string_view text, const std::optional<std::string>& wordColumn = {}) {
+inline Table tableOf(std::string_view text, const ReadRequest& request = {}) {
     const Workspace workspace;
-    Table table = readTable(workspace.write("data.csv", text), wordColumn,
-                            [](std::int64_t, std::int64_t, std::size_t) {});
+    Table table = readTable(workspace.write("data.csv", text), request,
+                            [](std::int64_t, std::int64_t, std::size_t) { return true; });
     table.file = "data.csv";
     return table;
 }

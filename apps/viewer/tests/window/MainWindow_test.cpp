@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "MainWindow.h"
+#include "window/MainWindow.h"
 
-#include "ChartPage.h"
 #include "Samples.h"
+#include "window/ChartPage.h"
 
 #include <ZembraGraphicsView.h>
 #include <ZembraNavigationWidget.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "MainWindow.h"
+#include "window/MainWindow.h"
 
-#include "ChartPage.h"
+#include "window/ChartPage.h"
 
 #include <ZembraGraphicsView.h>
 #include <ZembraNavigationWidget.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ChartPage.h"
+#include "window/ChartPage.h"
 
 #include "Exporter.h"
 #include "Failure.h"
@@ -43,7 +43,7 @@ void ChartPage::savePicture() {
         return;
     try {
         const QSize size = chartView->viewport()->size();
-        exportPlot(*chartView->plot(), path.toStdString(), size.width(), size.height());
+        exportPlot(*chartView->plot(), path.toStdString(), {size.width(), size.height()});
     } catch (const Failure& failure) {
         QMessageBox::warning(this, tr("Save Picture"), QString::fromUtf8(failure.what()));
     }

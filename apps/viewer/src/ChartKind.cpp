@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "ChartKind.h"
+
+#include <array>
+#include <utility>
+
+namespace viewer {
+
+namespace {
+
+constexpr std::array<std::pair<ChartKind, std::string_view>, 7> names = {{
+    {ChartKind::Line, "line"},
+    {ChartKind::Scatter, "scatter"},
+    {ChartKind::Bar, "bar"},
+    {ChartKind::Histogram, "hist"},
+    {ChartKind::Box, "box"},
+    {ChartKind::HeatMap, "heat"},
+    {ChartKind::Candlestick, "candle"},
+}};
+
+} // namespace
+
+std::optional<ChartKind> chartKind(std::string_view name) {
+    for (const auto& [kind, known] : names) {
+        if (known == name)
+            return kind;
+    }
+    return std::nullopt;
+}
+
+std::string chartKindName(ChartKind kind) {
+    for (const auto& [known, name] : names) {
+        if (known == kind)
+            return std::string(name);
+    }
+    return {};
+}
+
+} // namespace viewer
