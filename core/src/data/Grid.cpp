@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/data/Grid.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -50,7 +52,29 @@ double Grid::yCenter(std::size_t row) const {
 
 Interval Grid::valueRange(const Scale& scale) const {
     Interval range;
-    for (const double value : values.first(columnCount * rowCount))
+    const auto all = values.first(columnCount * rowCount);
+    if (scale.isLinear()) {
+        // Infinities show in the result, and a comparison with NaN is false.
+        std::array<Interval, 8> lanes;
+        std::size_t i = 0;
+        for (; i + lanes.size() <= all.size(); i += lanes.size())
+            for (std::size_t lane = 0; lane < lanes.size(); ++lane) {
+                const double v = all[i + lane];
+                lanes[lane].min = v < lanes[lane].min ? v : lanes[lane].min;
+                lanes[lane].max = v > lanes[lane].max ? v : lanes[lane].max;
+            }
+        for (; i < all.size(); ++i)
+            if (!std::isnan(all[i]))
+                lanes[0].include(all[i]);
+        for (const Interval& lane : lanes) {
+            range.min = std::min(range.min, lane.min);
+            range.max = std::max(range.max, lane.max);
+        }
+        if (range.isEmpty() || (std::isfinite(range.min) && std::isfinite(range.max)))
+            return range;
+        range = {};
+    }
+    for (const double value : all)
         if (scale.contains(value))
             range.include(value);
     return range;

@@ -2,6 +2,7 @@
 #include <zembra/series/HeatMapSeries.h>
 
 #include "GridCells.h"
+#include "Picture.h"
 
 #include <zembra/series/Canvas.h>
 
@@ -9,7 +10,9 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace zembra {
@@ -79,10 +82,70 @@ double mean(const Grid& grid, const Probes& columns, const Probes& rows) {
     return count > 0 ? mean : std::numeric_limits<double>::quiet_NaN();
 }
 
+std::uint32_t packed(const Color& color) {
+    return packedPixel(color, color.alpha());
+}
+
+// A colour scale for loops over many values: where it is linear, a table and a straight line.
+class PixelColors {
+public:
+    explicit PixelColors(const ColorScale& colors) : colors(colors) {
+        const Interval& range = colors.range();
+        const double first = colors.share(range.min);
+        slope = (colors.share(range.max) - first) / (range.max - range.min) * last;
+        offset = first * last + 0.5 - range.min * slope;
+        linear = colors.scale().isLinear() && std::isfinite(slope) && std::isfinite(offset);
+        for (std::size_t i = 0; linear && i < table.size(); ++i)
+            table[i] = packed(colors.map().at(static_cast<double>(i) / last));
+    }
+
+    std::uint32_t operator()(double value) const {
+        const double place = value * slope + offset;
+        if (!linear || !std::isfinite(place))
+            return packed(colors.color(value));
+        return table[static_cast<std::size_t>(std::clamp(place, 0.0, last))];
+    }
+
+private:
+    static constexpr double last = 255.0;
+
+    const ColorScale& colors;
+    double slope = 0.0;
+    double offset = 0.0;
+    bool linear = false;
+    std::array<std::uint32_t, 256> table{};
+};
+
 bool sameView(const ScaleMap& a, const ScaleMap& b) {
     return a.p1() == b.p1() && a.p2() == b.p2() && a.s1() == b.s1() && a.s2() == b.s2() &&
            a.scale() == b.scale();
 }
+
+// By how many whole pixels values lie further right or down in the new view than in the old one,
+// if that is all the difference.
+std::optional<int> wholeShift(const ScaleMap& before, const ScaleMap& now) {
+    if (before.p1() != now.p1() || before.p2() != now.p2() || !(before.scale() == now.scale()) ||
+        !now.scale().isLinear())
+        return std::nullopt;
+    constexpr double closeness = 1e-4;
+    const double first = now.transform(before.s1()) - now.p1();
+    const double last = now.transform(before.s2()) - now.p2();
+    const double shift = std::round(first);
+    if (!(std::abs(first - shift) < closeness && std::abs(last - shift) < closeness) ||
+        std::abs(shift) > std::abs(now.p2() - now.p1()))
+        return std::nullopt;
+    return static_cast<int>(shift);
+}
+
+struct View {
+    ScaleMap x;
+    ScaleMap y;
+};
+
+struct PixelShift {
+    int x = 0;
+    int y = 0;
+};
 
 } // namespace
 
@@ -101,25 +164,89 @@ struct HeatMapSeries::Private {
     ScaleMap y;
     PixelSpan columns;
     PixelSpan rows;
+    // The view for which all of it was painted, and how far it has moved since: from there, so that
+    // no errors add up.
+    View base;
+    PixelShift moved;
 
-    Pixels render() const;
+    void followData();
+    void paint(const PixelSpan& across, const PixelSpan& down,
+               std::vector<std::uint8_t>& pixels) const;
+    std::size_t offsetOf(int column, int row) const;
+    void paintAll(const Canvas& canvas);
+    void moveTo(const PixelShift& place);
 };
 
-HeatMapSeries::Private::Pixels HeatMapSeries::Private::render() const {
-    auto pixels = std::make_shared<std::vector<std::uint8_t>>();
-    pixels->reserve(static_cast<std::size_t>(columns.count) * static_cast<std::size_t>(rows.count) *
-                    4);
-    const auto across = probes(columns, x, grid.x(), grid.columns(), sampling);
-    const auto down = probes(rows, y, grid.y(), grid.rows(), sampling);
-    for (const Probes& row : down)
-        for (const Probes& column : across) {
-            Color color(0, 0, 0, 0);
-            if (row.count > 0 && column.count > 0)
-                color = colors.color(mean(grid, column, row));
-            pixels->insert(pixels->end(),
-                           {color.red(), color.green(), color.blue(), color.alpha()});
+// A pass over all values, which a fixed range does not need.
+void HeatMapSeries::Private::followData() {
+    if (colors.isAutoRange())
+        colors.setDataRange(grid.valueRange(colors.scale()));
+}
+
+void HeatMapSeries::Private::paint(const PixelSpan& across, const PixelSpan& down,
+                                   std::vector<std::uint8_t>& pixels) const {
+    const auto columnProbes = probes(across, x, grid.x(), grid.columns(), sampling);
+    const auto rowProbes = probes(down, y, grid.y(), grid.rows(), sampling);
+    const PixelColors colorOf(colors);
+    for (int k = 0; k < down.count; ++k) {
+        const Probes& row = rowProbes[static_cast<std::size_t>(k)];
+        std::uint8_t* target = pixels.data() + offsetOf(across.first, down.first + k);
+        for (std::size_t i = 0; i < columnProbes.size() && row.count > 0; ++i) {
+            const Probes& column = columnProbes[i];
+            if (column.count == 0)
+                continue;
+            double value = 0.0;
+            for (std::size_t r = 0; r < row.count; ++r)
+                for (std::size_t c = 0; c < column.count; ++c)
+                    value += grid.value(column.cells[c], row.cells[r]);
+            value /= static_cast<double>(row.count * column.count);
+            // Missing values and overflows show in the sum.
+            if (!std::isfinite(value))
+                value = mean(grid, column, row);
+            const std::uint32_t pixel = colorOf(value);
+            std::memcpy(target + 4 * i, &pixel, 4);
         }
-    return pixels;
+    }
+}
+
+std::size_t HeatMapSeries::Private::offsetOf(int column, int row) const {
+    return (static_cast<std::size_t>(row - rows.first) * static_cast<std::size_t>(columns.count) +
+            static_cast<std::size_t>(column - columns.first)) *
+           4;
+}
+
+void HeatMapSeries::Private::paintAll(const Canvas& canvas) {
+    area = canvas.rect();
+    base = {canvas.x(), canvas.y()};
+    moved = {};
+    columns = wholePixels(area.left(), area.right());
+    rows = wholePixels(area.top(), area.bottom());
+    auto pixels = std::make_shared<std::vector<std::uint8_t>>(
+        static_cast<std::size_t>(columns.count) * static_cast<std::size_t>(rows.count) * 4);
+    paint(columns, rows, *pixels);
+    // The old picture lives until the new one is there, so that the two differ in address.
+    picture = std::move(pixels);
+}
+
+// Moves what the picture shows already, and paints what comes into view.
+void HeatMapSeries::Private::moveTo(const PixelShift& place) {
+    const int dx = place.x - moved.x;
+    const int dy = place.y - moved.y;
+    moved = place;
+    auto pixels = std::make_shared<std::vector<std::uint8_t>>(picture->size());
+    const int keptColumns = columns.count - std::abs(dx);
+    const int keptRows = rows.count - std::abs(dy);
+    const int left = columns.first + std::max(dx, 0);
+    const int top = rows.first + std::max(dy, 0);
+    for (int row = top; row < top + keptRows; ++row)
+        std::memcpy(pixels->data() + offsetOf(left, row),
+                    picture->data() + offsetOf(left - dx, row - dy),
+                    static_cast<std::size_t>(keptColumns) * 4);
+    const PixelSpan newRows{dy > 0 ? rows.first : top + keptRows, std::abs(dy)};
+    const PixelSpan newColumns{dx > 0 ? columns.first : left + keptColumns, std::abs(dx)};
+    paint(columns, newRows, *pixels);
+    paint(newColumns, {top, keptRows}, *pixels);
+    picture = std::move(pixels);
 }
 
 HeatMapSeries::HeatMapSeries() : d(std::make_unique<Private>()) {}
@@ -133,7 +260,7 @@ HeatMapSeries::~HeatMapSeries() = default;
 
 void HeatMapSeries::setGrid(Grid grid) {
     d->grid = std::move(grid);
-    d->colors.setDataRange(d->grid.valueRange(d->colors.scale()));
+    d->followData();
     changed();
 }
 
@@ -143,7 +270,7 @@ const Grid& HeatMapSeries::grid() const {
 
 void HeatMapSeries::setColorScale(ColorScale scale) {
     d->colors = std::move(scale);
-    d->colors.setDataRange(d->grid.valueRange(d->colors.scale()));
+    d->followData();
     changed();
 }
 
@@ -170,18 +297,20 @@ Bounds HeatMapSeries::bounds(const Scale& x, const Scale& y) const {
 }
 
 void HeatMapSeries::draw(Canvas& canvas) const {
-    const Rect& area = canvas.rect();
-    const bool fresh = d->picture && d->revision == revision() && d->area == area &&
-                       sameView(d->x, canvas.x()) && sameView(d->y, canvas.y());
-    if (!fresh) {
+    if (d->grid.isEmpty())
+        return;
+    const bool current = d->picture && d->revision == revision() && d->area == canvas.rect();
+    if (!current || !sameView(d->x, canvas.x()) || !sameView(d->y, canvas.y())) {
         d->revision = revision();
-        d->area = area;
         d->x = canvas.x();
         d->y = canvas.y();
-        d->columns = wholePixels(area.left(), area.right());
-        d->rows = wholePixels(area.top(), area.bottom());
-        // The old picture lives until the new one is there, so that the two differ in address.
-        d->picture = d->grid.isEmpty() ? nullptr : d->render();
+        const auto right = wholeShift(d->base.x, d->x);
+        const auto down = wholeShift(d->base.y, d->y);
+        if (current && right && down && std::abs(*right - d->moved.x) < d->columns.count &&
+            std::abs(*down - d->moved.y) < d->rows.count)
+            d->moveTo({*right, *down});
+        else
+            d->paintAll(canvas);
     }
     canvas.drawImage(d->picture, d->columns.count, d->rows.count,
                      {static_cast<double>(d->columns.first), static_cast<double>(d->rows.first)});

@@ -276,3 +276,41 @@ TEST(HeatMapSeries, HostileNumbersAreHarmless) {
                            spans.name + " / " + row.name);
     }
 }
+
+TEST(HeatMapSeries, ShowsTheSameAfterPansByWholePixelsAsDrawnAnew) {
+    std::vector<double> values(std::size_t{300} * 300);
+    std::iota(values.begin(), values.end(), 0.0);
+    for (double& v : values)
+        v = std::fmod(v * 7.3, 11.0);
+    values[12345] = std::nan("");
+    const Grid grid(values, 300, {0.0, 10.0}, {0.0, 10.0});
+    HeatMapSeries panned(grid);
+    // No edge of a cell on the edge of a pixel, where it may fall to either side.
+    double x = 0.0137;
+    double y = 0.0171;
+    View view;
+    view.x = ScaleMap(Scale::linear(), 0.0, 100.0, x, x + 10.0);
+    view.y = ScaleMap(Scale::linear(), 100.0, 0.0, y, y + 10.0);
+    view.draw(panned);
+    const unsigned char* before = view.painter.address;
+    const struct {
+        double right;
+        double down;
+    } steps[] = {{3.0, 0.0}, {0.0, -5.0}, {-17.0, 4.0}, {99.0, 1.0}, {0.5, 0.0}, {250.0, 0.0}};
+    for (const auto& step : steps) {
+        x -= step.right * 0.1;
+        y += step.down * 0.1;
+        view.x = ScaleMap(Scale::linear(), 0.0, 100.0, x, x + 10.0);
+        view.y = ScaleMap(Scale::linear(), 100.0, 0.0, y, y + 10.0);
+        view.draw(panned);
+        const auto bytes = view.painter.bytes;
+        EXPECT_NE(view.painter.address, before);
+        before = view.painter.address;
+        const HeatMapSeries fresh(grid);
+        view.draw(fresh);
+        int different = 0;
+        for (std::size_t i = 0; i < bytes.size(); i += 4)
+            different += std::memcmp(bytes.data() + i, view.painter.bytes.data() + i, 4) != 0;
+        EXPECT_EQ(different, 0) << step.right << ' ' << step.down;
+    }
+}
