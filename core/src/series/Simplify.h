@@ -3,18 +3,43 @@
 
 #include <zembra/paint/Geometry.h>
 
-#include <cstddef>
-#include <span>
 #include <vector>
 
 namespace zembra {
 
-/// Appends to `result` the points of a path that it needs to stay within `tolerance` of every point
-/// left out. First and last point always remain, and so does every turn back.
+/// Keeps the points of a path that it needs to stay within a tolerance of every point left out.
+/// First and last point always remain, and so does every turn back.
 ///
-/// Requires: finite points. Complexity: O(points).
+/// Points come one by one and what remains is appended to `result`, so that long paths are never
+/// held as a whole.
 /// Source: the sector method of Z. Zhao, A. Saalfeld, "Linear-Time Sleeve-Fitting Polyline
 /// Simplification Algorithms", AutoCarto 13, 1997.
-void simplify(std::span<const Point> points, double tolerance, std::vector<Point>& result);
+class Simplifier {
+public:
+    /// Requires: `result` outlives this.
+    Simplifier(double tolerance, std::vector<Point>& result)
+        : tolerance(tolerance), result(result) {}
+
+    /// Requires: a finite point. Complexity: O(1).
+    void add(const Point& point);
+    /// Ends the path; the next point begins another one.
+    void finish();
+
+private:
+    void turnAt(const Point& point);
+
+    double tolerance;
+    std::vector<Point>& result;
+    bool begun = false;
+    bool alone = true;
+    Point anchor;
+    Point latest;
+    // The sector of directions from the anchor that pass close to every point since, clockwise from
+    // `low` to `high`; `reach` is how far they came.
+    Point low;
+    Point high;
+    bool open = true;
+    double reach = 0.0;
+};
 
 } // namespace zembra

@@ -26,11 +26,55 @@ bool isFinite(const Point& p) {
     return std::isfinite(p.x) && std::isfinite(p.y);
 }
 
-// A clipped and simplified path.
+double distance(const Point& a, const Point& b) {
+    return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
+}
+
+// How much of a segment is drawn together with the join at its end.
+double legOf(double width) {
+    return 4.0 + 2.0 * width;
+}
+
+// Where a path may be drawn in parts, because painters draw single lines of any pen many times
+// faster than paths.
+enum class Joint {
+    // Parts would show.
+    Whole,
+    // It goes on so straight that the ends of lines cover each other.
+    Straight,
+    // It turns back so sharply that lines end there on their own.
+    Spike,
+};
+
+Joint jointAt(const Point& a, const Point& b, const Point& c, double width) {
+    const double in = distance(a, b);
+    const double out = distance(b, c);
+    if (!(in > legOf(width) && out > legOf(width)))
+        return Joint::Whole;
+    const double cosine = ((b.x - a.x) * (c.x - b.x) + (b.y - a.y) * (c.y - b.y)) / (in * out);
+    if (cosine > 0.98)
+        return Joint::Straight;
+    return cosine < -0.8 ? Joint::Spike : Joint::Whole;
+}
+
+// Calls `use(first, last, joint)` with the ends of each part of a piece, and what follows it.
+template <class Use>
+void forEachPart(std::span<const Point> piece, double width, Use use) {
+    std::size_t first = 0;
+    for (std::size_t i = 1; i + 1 < piece.size(); ++i) {
+        const Joint joint = jointAt(piece[i - 1], piece[i], piece[i + 1], width);
+        if (joint == Joint::Whole)
+            continue;
+        use(first, i, joint);
+        first = i;
+    }
+    use(first, piece.size() - 1, Joint::Whole);
+}
+
+// A path, clipped and simplified.
 class Stroke {
 public:
-    void clip(std::span<const Point> path, const Rect& limits);
-    void simplifyPieces();
+    void assign(std::span<const Point> path, const Rect& limits);
     bool runsOneWay() const;
     double length() const;
     std::size_t size() const { return points.size(); }
@@ -42,68 +86,58 @@ public:
 
 private:
     void endPiece() {
+        simplifier.finish();
         if (points.size() > (ends.empty() ? 0 : ends.back()))
             ends.push_back(points.size());
     }
 
     std::vector<Point> points;
     std::vector<std::size_t> ends;
-    std::vector<Point> simple;
+    Simplifier simplifier{tolerance, points};
 };
 
-void Stroke::clip(std::span<const Point> path, const Rect& limits) {
+void Stroke::assign(std::span<const Point> path, const Rect& limits) {
     points.clear();
     ends.clear();
     bool connected = false;
+    // Whether the point before lies within the limits.
+    bool joined = false;
     for (std::size_t i = 0; i < path.size(); ++i) {
         const Point& to = path[i];
+        const bool within = limits.contains(to);
+        if (joined && within) {
+            simplifier.add(to);
+            continue;
+        }
         if (!isFinite(to)) {
             endPiece();
             connected = false;
+            joined = false;
             continue;
         }
         if (!connected) {
-            connected = true;
             endPiece();
-            if (limits.contains(to))
-                points.push_back(to);
-            continue;
+            if (within)
+                simplifier.add(to);
+        } else if (const auto part = clipSegment(path[i - 1], to, limits)) {
+            if (!joined) {
+                endPiece();
+                simplifier.add(part->first);
+            }
+            simplifier.add(part->second);
+            if (part->second != to)
+                endPiece();
         }
-        const Point& from = path[i - 1];
-        const bool joined = limits.contains(from);
-        if (joined && limits.contains(to)) {
-            points.push_back(to);
-            continue;
-        }
-        const auto part = clipSegment(from, to, limits);
-        if (!part)
-            continue;
-        if (!joined) {
-            endPiece();
-            points.push_back(part->first);
-        }
-        points.push_back(part->second);
-        if (part->second != to)
-            endPiece();
+        connected = true;
+        joined = within;
     }
     endPiece();
-}
-
-void Stroke::simplifyPieces() {
-    simple.clear();
-    std::size_t begin = 0;
-    for (std::size_t& end : ends) {
-        simplify(std::span(points).subspan(begin, end - begin), tolerance, simple);
-        begin = end;
-        end = simple.size();
-    }
-    points.swap(simple);
 }
 
 bool Stroke::runsOneWay() const {
     bool right = true;
     bool leftwards = true;
-    for (std::size_t i = 1; i < points.size(); ++i) {
+    for (std::size_t i = 1; i < points.size() && (right || leftwards); ++i) {
         right = right && points[i].x >= points[i - 1].x;
         leftwards = leftwards && points[i].x <= points[i - 1].x;
     }
@@ -125,19 +159,37 @@ bool isDashed(const Pen& pen) {
            !pen.dashPattern().empty();
 }
 
+// How much of a path is drawn as lines on their own.
+double lineLength(const Stroke& stroke, double width) {
+    double total = 0.0;
+    for (std::size_t i = 0; i < stroke.pieceCount(); ++i) {
+        const auto p = stroke.piece(i);
+        for (std::size_t k = 1; k < p.size(); ++k) {
+            const double step = distance(p[k - 1], p[k]);
+            if (step > 4.0 * legOf(width))
+                total += step;
+        }
+    }
+    return total;
+}
+
 // Whether a picture is cheaper than polylines, by the measure of what strokers and fillers cost:
 // with a wide pen a stroker pays for every pixel of a steep path, and what must not overlap itself
-// cannot be drawn in chunks.
-bool isDense(const Stroke& stroke, const Rect& area, bool wide, bool inOnePiece) {
+// cannot be drawn in parts.
+bool isDense(const Stroke& stroke, const Rect& area, double width, bool inOnePiece) {
     const auto size = static_cast<double>(stroke.size());
     if (size < 4.0)
         return false;
+    const bool wide = width > 1.0;
     const double length = stroke.length();
     if (inOnePiece && wide)
         return size > 64.0 || length > 4.0 * area.width;
-    if (wide && length > 8.0 * area.width)
+    if (size > 0.5 * area.width && size + length / 40.0 > 1.5 * area.width)
         return true;
-    return size > 0.5 * area.width && size + length / 40.0 > 1.5 * area.width;
+    if (!wide || length <= 8.0 * area.width)
+        return false;
+    const double lines = lineLength(stroke, width);
+    return lines > 45.0 * area.width || length - lines > 8.0 * area.width;
 }
 
 template <class Raster>
@@ -222,34 +274,90 @@ void drawDot(Painter& painter, const Point& centre, double width, const Color& c
         painter.fillRect(dot, color);
 }
 
-double distance(const Point& a, const Point& b) {
-    return std::hypot(b.x - a.x, b.y - a.y);
+Point between(const Point& a, const Point& b, double share) {
+    return {a.x + share * (b.x - a.x), a.y + share * (b.y - a.y)};
 }
 
-// Hands a piece over in chunks that meet in the middle of a segment, the longest around, so that
-// neither joins nor ends show where.
-void drawInChunks(Painter& painter, std::span<const Point> piece) {
+// Hands a piece over in chunks that meet within a segment, where neither joins nor ends show: in
+// the middle of the longest around, or in a line along a long one.
+void drawInChunks(Painter& painter, std::span<const Point> piece, double width) {
+    const double leg = legOf(width);
     std::vector<Point> chunk{piece.front()};
     double length = 0.0;
     double longest = 0.0;
     for (std::size_t i = 1; i < piece.size(); ++i) {
-        const double step = distance(piece[i - 1], piece[i]);
+        const Point& from = piece[i - 1];
+        const Point& to = piece[i];
+        const double step = distance(from, to);
         length += step;
         longest = std::max(longest, step);
         const bool full = chunk.size() >= chunkSize || length > chunkLength;
         const bool roomy = step > 0.5 * longest || chunk.size() >= 2 * chunkSize;
-        if (full && roomy && chunk.size() > 1) {
-            const Point middle{0.5 * (piece[i - 1].x + piece[i].x),
-                               0.5 * (piece[i - 1].y + piece[i].y)};
+        if (step > 4.0 * leg) {
+            const Point begin = i > 1 ? between(from, to, leg / step) : from;
+            const Point end = i + 1 < piece.size() ? between(to, from, leg / step) : to;
+            if (i > 1) {
+                chunk.push_back(begin);
+                painter.drawPolyline(chunk);
+            }
+            painter.drawLine(begin.x, begin.y, end.x, end.y);
+            chunk.assign(1, end);
+            length = leg;
+            longest = 0.0;
+        } else if (full && roomy && chunk.size() > 1) {
+            const Point middle = between(from, to, 0.5);
             chunk.push_back(middle);
             painter.drawPolyline(chunk);
             chunk.assign(1, middle);
             length = 0.5 * step;
             longest = 0.0;
         }
-        chunk.push_back(piece[i]);
+        if (to != chunk.back())
+            chunk.push_back(to);
     }
-    painter.drawPolyline(chunk);
+    if (chunk.size() > 1)
+        painter.drawPolyline(chunk);
+}
+
+// What the bevel of a sharp turn adds to two lines that end there, where that shows.
+void drawBevel(Painter& painter, const Point& at, const Point& in, const Point& out,
+               const Color& color) {
+    const Point a{in.x - at.x, in.y - at.y};
+    const Point b{out.x - at.x, out.y - at.y};
+    const double turn = a.x * b.y - a.y * b.x;
+    constexpr double visible = 0.1;
+    if (0.5 * std::abs(turn) < visible)
+        return;
+    const double side = turn > 0.0 ? 1.0 : -1.0;
+    painter.fillPolygon(
+        {at, {at.x + side * a.y, at.y - side * a.x}, {at.x - side * b.y, at.y + side * b.x}},
+        color);
+}
+
+// The same stroke in parts, each of which is cheap. Lines end squarely half a pen beyond their
+// points, so at spikes they are shorter by as much.
+void drawInParts(Painter& painter, std::span<const Point> piece, double width, const Color& color) {
+    const auto towards = [half = 0.5 * width](const Point& from, const Point& to) {
+        return between(from, to, half / distance(from, to));
+    };
+    std::vector<Point> part;
+    Joint before = Joint::Whole;
+    forEachPart(piece, width, [&](std::size_t first, std::size_t last, Joint after) {
+        part.assign(piece.begin() + static_cast<std::ptrdiff_t>(first),
+                    piece.begin() + static_cast<std::ptrdiff_t>(last) + 1);
+        if (before == Joint::Spike)
+            part.front() = towards(piece[first], piece[first + 1]);
+        if (after == Joint::Spike)
+            part.back() = towards(piece[last], piece[last - 1]);
+        if (part.size() == 2)
+            painter.drawLine(part[0].x, part[0].y, part[1].x, part[1].y);
+        else
+            drawInChunks(painter, part, width);
+        if (after == Joint::Spike)
+            drawBevel(painter, piece[last], part.back(), towards(piece[last], piece[last + 1]),
+                      color);
+        before = after;
+    });
 }
 
 } // namespace
@@ -264,12 +372,11 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
     const Rect limits = intersected(area.grown(width + 1.0),
                                     {-farthest, -farthest, 2.0 * farthest, 2.0 * farthest});
     thread_local Stroke stroke;
-    stroke.clip(path, limits);
-    stroke.simplifyPieces();
+    stroke.assign(path, limits);
     const bool dashed = isDashed(pen);
-    // Chunks that overlap would show in translucent colours, and interrupt dashes.
+    // Parts that overlap would show in translucent colours, and interrupt dashes.
     const bool inOnePiece = pen.color().alpha() < 255 || dashed;
-    if (isDense(stroke, area, width > 1.0, inOnePiece)) {
+    if (isDense(stroke, area, width, inOnePiece)) {
         // A path that crosses the canvas this often leaves no gaps to be seen.
         constexpr double crossings = 60.0;
         if (dashed && stroke.length() < crossings * area.width)
@@ -281,14 +388,16 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
         return;
     }
     painter.setPen(pen);
-    const bool inChunks = width > 1.0 && !inOnePiece;
+    // A few points are the painter's own business.
+    constexpr std::size_t few = 4;
+    const bool mayBeCut = width > 1.0 && !inOnePiece;
     for (std::size_t i = 0; i < stroke.pieceCount(); ++i) {
         const auto piece = stroke.piece(i);
         if (piece.size() == 1)
             drawDot(painter, piece.front(), width, pen.color(), area);
         else
-            inChunks ? drawInChunks(painter, piece)
-                     : painter.drawPolyline({piece.begin(), piece.end()});
+            mayBeCut&& piece.size() > few ? drawInParts(painter, piece, width, pen.color())
+                                          : painter.drawPolyline({piece.begin(), piece.end()});
     }
 }
 

@@ -266,6 +266,36 @@ TEST(LineSeries, DrawsLongUnsortedCurvesInAFewCalls) {
     EXPECT_EQ(*std::max_element(painter.pixels.begin(), painter.pixels.end()), 90);
 }
 
+TEST(LineSeries, DrawsSteepZigzagsOfWidePensAsLinesOfTheirOwn) {
+    for (double pen : {2.0, 3.0, 5.0}) {
+        LineSeries series(evenly(noise(40)));
+        series.setWidth(pen);
+        RecordingPainter painter;
+        draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
+        // A polyline costs a painter by the rows that it meets, again and again.
+        EXPECT_EQ(painter.count("drawImage"), 0u);
+        EXPECT_GE(painter.count("drawLine"), 15u);
+        EXPECT_LE(painter.count(), 100u);
+    }
+}
+
+TEST(LineSeries, CrossesTheWholeCanvasAnyNumberOfTimesWithinAPicture) {
+    const std::vector<double> x = noise(300000);
+    std::vector<double> y = noise(300000);
+    std::rotate(y.begin(), y.begin() + 12345, y.end());
+    LineSeries series(x, y);
+    series.setWidth(1.0);
+    PicturePainter painter;
+    // Beyond the samples some room is never reached.
+    draw(series, painter, xOver(-1.1, 1.1), yOver(-1.1, 1.1));
+    ASSERT_EQ(painter.count("drawImage"), 1u);
+    EXPECT_EQ(painter.count(), 1u);
+    EXPECT_EQ(painter.alpha(200, 100), 255);
+    EXPECT_EQ(painter.alpha(40, 30), 255);
+    EXPECT_EQ(painter.alpha(5, 100), 0);
+    EXPECT_EQ(painter.alpha(200, 196), 0);
+}
+
 TEST(LineSeries, KeepsItsDashesWhereTheyBecomeAPicture) {
     std::vector<double> values(2000);
     for (std::size_t i = 0; i < values.size(); ++i)
