@@ -21,6 +21,18 @@ Scale derivedScale(const Scale& primary, const std::function<double(double)>& fo
 
 } // namespace
 
+void DataCover::include(const DataCover& other) {
+    fromZero = fromZero || other.fromZero;
+    if (other.values.isEmpty())
+        return;
+    const bool isFirst = values.isEmpty();
+    if (isFirst || other.values.min <= values.min)
+        flushMin = other.flushMin || (!isFirst && flushMin && other.values.min == values.min);
+    if (isFirst || other.values.max >= values.max)
+        flushMax = other.flushMax || (!isFirst && flushMax && other.values.max == values.max);
+    values.include(other.values);
+}
+
 AxisDerivation::AxisDerivation(std::function<double(double)> forward,
                                std::function<double(double)> inverse, const Scale& primary)
     : forward(std::move(forward)),
@@ -67,9 +79,9 @@ std::pair<double, double> Axis::Private::currentRange() const {
     for (const Private* axis : range->axes)
         if (axis->cover)
             all.include(axis->cover());
-    const Interval r =
-        scale.autoRange(all.values, autoPadding, all.fromZero && all.values.min == 0.0,
-                        all.fromZero && all.values.max == 0.0);
+    const Interval r = scale.autoRange(all.values, autoPadding,
+                                       all.flushMin || (all.fromZero && all.values.min == 0.0),
+                                       all.flushMax || (all.fromZero && all.values.max == 0.0));
     return inverted ? std::pair{r.max, r.min} : std::pair{r.min, r.max};
 }
 

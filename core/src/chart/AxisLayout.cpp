@@ -19,9 +19,13 @@ constexpr const char* widestNumber = "−0.00000";
 // Room for longer labels comes in steps, so that it seldom changes.
 constexpr double roomStep = 16.0;
 
-int mostTicks(double length, double fontSize, bool horizontal) {
-    const double distance = fontSize * (horizontal ? horizontalTickDistance : verticalTickDistance);
-    return std::clamp(static_cast<int>(length / std::max(distance, 1.0)) + 1, fewestTicks, 60);
+int mostTicks(double length, double fontSize, bool horizontal, bool isCategorical) {
+    double distance = fontSize * (horizontal ? horizontalTickDistance : verticalTickDistance);
+    // As many names as there may be room for.
+    if (isCategorical)
+        distance = fontSize;
+    return std::clamp(static_cast<int>(length / std::max(distance, 1.0)) + 1, fewestTicks,
+                      isCategorical ? 200 : 60);
 }
 
 // Whether neighbouring labels keep their distance.
@@ -92,7 +96,7 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
     TickRequest request;
     request.step = axis.step;
     request.format = axis.format;
-    request.maxMajor = mostTicks(length, font.pixelSize(), horizontal);
+    request.maxMajor = mostTicks(length, font.pixelSize(), horizontal, map.scale().isCategorical());
     if (memory.maxMajor > 0 && isSameSpan(memory.span, evenSpan(map)))
         request.maxMajor = memory.maxMajor;
     const auto ask = [&](int maxMajor) {
@@ -116,12 +120,12 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
 
     double needed = lineHeight(font);
     if (!horizontal) {
-        needed = measure.width(widestNumber, font);
+        needed = axis.isSteady ? measure.width(widestNumber, font) : 0.0;
         for (const Tick& tick : layout.ticks.major) {
             const double room =
                 std::max(measure.width(tick.label, font), measure.width(tick.group, font));
             if (room > needed)
-                needed = roomStep * std::ceil(room / roomStep);
+                needed = axis.isSteady ? roomStep * std::ceil(room / roomStep) : room;
         }
     }
     memory.labelRoom = std::max(memory.labelRoom, std::ceil(needed));

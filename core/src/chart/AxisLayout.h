@@ -45,6 +45,8 @@ struct AxisRequest {
     /// The host's own distance of ticks, 0 for none.
     double step = 0.0;
     const NumberFormat* format = nullptr;
+    /// Labels that may change at any time take their room at once, so that the canvas stays.
+    bool isSteady = true;
 };
 
 /// Chooses ticks whose labels do not overlap along an axis.

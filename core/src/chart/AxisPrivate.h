@@ -18,11 +18,11 @@ struct DataCover {
     Interval values;
     /// The values stand on zero.
     bool fromZero = false;
+    /// An automatic range ends exactly where the values end.
+    bool flushMin = false;
+    bool flushMax = false;
 
-    void include(const DataCover& other) {
-        values.include(other.values);
-        fromZero = fromZero || other.fromZero;
-    }
+    void include(const DataCover& other);
 };
 
 /// The range of one axis, or of several that are linked.

@@ -6,7 +6,7 @@
 
 namespace zembra {
 
-CoveragePainter::CoveragePainter(Painter& target, const Rect& area) : target(target), area(area) {}
+CoveragePainter::CoveragePainter(Painter& ruler, const Rect& area) : ruler(ruler), area(area) {}
 
 int CoveragePainter::column(double x) const {
     return static_cast<int>(std::clamp((x - area.x) / area.width * cells, -1.0, cells + 0.0));
@@ -54,43 +54,36 @@ void CoveragePainter::markRect(const Rect& rect) {
 
 void CoveragePainter::drawLine(double x1, double y1, double x2, double y2) {
     markLine({x1, y1}, {x2, y2});
-    target.drawLine(x1, y1, x2, y2);
 }
 
 void CoveragePainter::drawRect(const Rect& rect) {
     markRect(rect);
-    target.drawRect(rect);
 }
 
-void CoveragePainter::fillRect(const Rect& rect, const Color& color) {
+void CoveragePainter::fillRect(const Rect& rect, const Color&) {
     markRect(rect);
-    target.fillRect(rect, color);
 }
 
 void CoveragePainter::drawPolyline(const std::vector<Point>& points) {
     for (std::size_t i = 1; i < points.size(); ++i)
         markLine(points[i - 1], points[i]);
-    target.drawPolyline(points);
 }
 
-void CoveragePainter::fillPolygon(const std::vector<Point>& points, const Color& color) {
+void CoveragePainter::fillPolygon(const std::vector<Point>& points, const Color&) {
     // The outline stands for the whole: a legend over a flat fill hides no shape.
     for (std::size_t i = 0; i < points.size(); ++i) {
         const Point& from = points[i];
         const Point& to = points[(i + 1) % points.size()];
         markLine(from, to);
     }
-    target.fillPolygon(points, color);
 }
 
-void CoveragePainter::fillEllipse(double cx, double cy, double rx, double ry, const Color& color) {
+void CoveragePainter::fillEllipse(double cx, double cy, double rx, double ry, const Color&) {
     markRect({cx - rx, cy - ry, 2.0 * rx, 2.0 * ry});
-    target.fillEllipse(cx, cy, rx, ry, color);
 }
 
 void CoveragePainter::drawEllipse(double cx, double cy, double rx, double ry) {
     markRect({cx - rx, cy - ry, 2.0 * rx, 2.0 * ry});
-    target.drawEllipse(cx, cy, rx, ry);
 }
 
 void CoveragePainter::drawImage(const unsigned char* rgba, int width, int height, double cx,
@@ -103,25 +96,22 @@ void CoveragePainter::drawImage(const unsigned char* rgba, int width, int height
                          4 +
                      3] != 0)
                 markPoint(cx - 0.5 * width + x, cy - 0.5 * height + y);
-    target.drawImage(rgba, width, height, cx, cy);
 }
 
 void CoveragePainter::drawText(double x, double y, const std::string& text, const Font& font,
-                               const Color& color) {
-    const TextExtent extent = target.measureText(text, font);
+                               const Color&) {
+    const TextExtent extent = ruler.measureText(text, font);
     markRect({x, y - extent.height, extent.width, extent.height});
-    target.drawText(x, y, text, font, color);
 }
 
 void CoveragePainter::drawRotatedText(double x, double y, double angle, const std::string& text,
-                                      const Font& font, const Color& color) {
-    const double width = target.measureText(text, font).width;
+                                      const Font& font, const Color&) {
+    const double width = ruler.measureText(text, font).width;
     markLine({x, y}, {x + width * std::cos(angle), y + width * std::sin(angle)});
-    target.drawRotatedText(x, y, angle, text, font, color);
 }
 
 TextExtent CoveragePainter::measureText(const std::string& text, const Font& font) {
-    return target.measureText(text, font);
+    return ruler.measureText(text, font);
 }
 
 } // namespace zembra

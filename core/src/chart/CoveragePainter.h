@@ -7,21 +7,22 @@
 
 namespace zembra {
 
-/// Passes everything on to another painter and notes roughly where ink falls, so that a legend can
-/// choose the emptiest corner.
+/// Draws nothing and notes roughly where ink would fall, so that a legend can choose the emptiest
+/// corner.
 class CoveragePainter : public Painter {
 public:
-    /// Requires: `target` outlives this painter.
-    CoveragePainter(Painter& target, const Rect& area);
+    /// Texts are measured by `ruler`.
+    /// Requires: `ruler` outlives this painter.
+    CoveragePainter(Painter& ruler, const Rect& area);
 
     /// The share of a rectangle that has ink, 0 to 1.
     double covered(const Rect& rect) const;
 
-    void save() override { target.save(); }
-    void restore() override { target.restore(); }
-    void setPen(const Pen& pen) override { target.setPen(pen); }
-    void setBrush(const Brush& brush) override { target.setBrush(brush); }
-    void setFont(const Font& font) override { target.setFont(font); }
+    void save() override {}
+    void restore() override {}
+    void setPen(const Pen&) override {}
+    void setBrush(const Brush&) override {}
+    void setFont(const Font&) override {}
     void drawLine(double x1, double y1, double x2, double y2) override;
     void drawRect(const Rect& rect) override;
     void fillRect(const Rect& rect, const Color& color) override;
@@ -35,10 +36,10 @@ public:
     void drawRotatedText(double x, double y, double angle, const std::string& text,
                          const Font& font, const Color& color) override;
     TextExtent measureText(const std::string& text, const Font& font) override;
-    void translate(double dx, double dy) override { target.translate(dx, dy); }
-    void rotate(double angle) override { target.rotate(angle); }
-    void setClipRect(const Rect& rect) override { target.setClipRect(rect); }
-    void clearClip() override { target.clearClip(); }
+    void translate(double, double) override {}
+    void rotate(double) override {}
+    void setClipRect(const Rect&) override {}
+    void clearClip() override {}
 
 private:
     static constexpr int cells = 48;
@@ -49,7 +50,7 @@ private:
     int column(double x) const;
     int row(double y) const;
 
-    Painter& target;
+    Painter& ruler;
     Rect area;
     std::array<bool, static_cast<std::size_t>(cells) * cells> ink{};
 };

@@ -25,8 +25,9 @@ DataCover Plot::Private::ownCoverOf(int id) const {
             continue;
         const Bounds bounds =
             s->bounds(axis(s->xAxis()).currentScale(), axis(s->yAxis()).currentScale());
-        cover.include(isHorizontalAxis(id) ? DataCover{bounds.x, bounds.xFromZero}
-                                           : DataCover{bounds.y, bounds.yFromZero});
+        cover.include(isHorizontalAxis(id)
+                          ? DataCover{bounds.x, bounds.xFromZero, bounds.xFlush, bounds.xFlush}
+                          : DataCover{bounds.y, bounds.yFromZero, bounds.yFlush, bounds.yFlush});
     }
     return cover;
 }
@@ -96,7 +97,7 @@ void Plot::renderInto(Painter& painter, int width, int height) {
         return;
     }
     d->measure.setPainter(painter);
-    const PlotLayout layout = d->layOut(width, height, d->leastMargins);
+    const PlotLayout layout = d->settledLayout(painter, width, height, d->leastMargins);
     d->canvas = layout.canvas;
     d->draw(painter, layout);
 }
@@ -126,7 +127,7 @@ void Plot::setAxisAutoScale(int axis, bool on) {
         return;
     this->axis(axis).setAutoScale(on);
     if (on)
-        d->memory.legendCorner.reset();
+        d->memory.legendPosition.reset();
 }
 
 Axis& Plot::axis(int axis) {

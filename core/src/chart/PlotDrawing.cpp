@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "CoveragePainter.h"
 #include "PlotPrivate.h"
 
 #include <zembra/series/Canvas.h>
@@ -17,7 +16,6 @@ constexpr double tickLength = 5.0;
 constexpr double minorTickLength = 3.0;
 constexpr double labelGap = 4.0;
 constexpr double titleGap = 4.0;
-constexpr double legendMargin = 8.0;
 // Wide enough to hide what a stroke's cap lets out of the canvas where clipping is ignored.
 constexpr double maskWidth = 10.0;
 constexpr double upwards = -0.5 * std::numbers::pi;
@@ -32,6 +30,15 @@ struct LabelSpan {
     double to;
 };
 
+/// Where an axis stands.
+struct AxisPlace {
+    const AxisLayout& axis;
+    /// Where its line runs, and the way from there to its labels: -1 to the left and up, 1 to the
+    /// right and down.
+    double edge;
+    double outward;
+};
+
 class PlotDrawing {
 public:
     PlotDrawing(Painter& painter, const PlotLayout& layout, const Theme& theme,
@@ -41,17 +48,21 @@ public:
     void drawBackground();
     void drawGrid(const AxisLayout& axis);
     void maskOverhang();
-    void drawAxis(int id, const std::string& title);
+    AxisPlace placeOf(int id) const;
+    void drawAxis(const AxisPlace& place, const std::string& title);
+    void drawColorBar(const ColorBar& bar);
     void drawTexts();
+    void drawLegendFrame();
 
 private:
+    void drawTick(const AxisPlace& place, double value, double length);
     void drawText(double x, double y, const std::string& text, const Font& font,
                   const Color& color);
     void drawHorizontalLabels(const AxisLayout& axis, double baseline, double groupBaseline);
-    void drawVerticalLabels(int id, const AxisLayout& axis);
+    void drawVerticalLabels(const AxisPlace& place);
     void drawGroups(const AxisLayout& axis, double baseline);
-    void drawOffset(int id, const AxisLayout& axis, double baseline);
-    void drawAxisTitle(int id, const std::string& title, double baseline);
+    void drawOffset(const AxisPlace& place, double baseline);
+    void drawAxisTitle(const AxisLayout& axis, const std::string& title, double baseline);
     void drawBlock(const TextBlock& block, const Font& font, const Color& color);
 
     Painter& painter;
@@ -94,33 +105,39 @@ void PlotDrawing::maskOverhang() {
     painter.fillRect({c.right(), c.top(), maskWidth, c.height}, theme.background);
 }
 
-void PlotDrawing::drawAxis(int id, const std::string& title) {
-    const AxisLayout& axis = *layout.axes[static_cast<std::size_t>(id)];
+void PlotDrawing::drawTick(const AxisPlace& place, double value, double length) {
+    const double p = crisp(place.axis.map.transform(value));
+    const double end = place.edge + place.outward * length;
+    if (place.axis.horizontal)
+        painter.drawLine(p, place.edge, p, end);
+    else
+        painter.drawLine(place.edge, p, end, p);
+}
+
+AxisPlace PlotDrawing::placeOf(int id) const {
     const Rect& c = layout.canvas;
     // The line runs just outside the canvas, so that it covers no data.
     const double edge = id == 0   ? c.left() - 0.5
                         : id == 1 ? c.right() + 0.5
                         : id == 2 ? c.bottom() + 0.5
                                   : c.top() - 0.5;
-    const double outward = id == 0 || id == 3 ? -1.0 : 1.0;
+    return {*layout.axes[static_cast<std::size_t>(id)], edge, id == 0 || id == 3 ? -1.0 : 1.0};
+}
+
+void PlotDrawing::drawAxis(const AxisPlace& place, const std::string& title) {
+    const auto& [axis, edge, outward] = place;
+    const Rect& c = layout.canvas;
     painter.setPen(Pen(theme.axisLine, theme.axisLineWidth));
     if (axis.horizontal)
         painter.drawLine(c.left() - 0.5, edge, c.right() + 0.5, edge);
     else
         painter.drawLine(edge, c.top() - 0.5, edge, c.bottom() + 0.5);
-    const auto drawTick = [&](double value, double length) {
-        const double p = crisp(axis.map.transform(value));
-        if (axis.horizontal)
-            painter.drawLine(p, edge, p, edge + outward * length);
-        else
-            painter.drawLine(edge, p, edge + outward * length, p);
-    };
     if (!layout.hasTickLabels)
         return;
     for (const Tick& tick : axis.ticks.major)
-        drawTick(tick.value, tickLength);
+        drawTick(place, tick.value, tickLength);
     for (const double value : axis.ticks.minor)
-        drawTick(value, minorTickLength);
+        drawTick(place, value, minorTickLength);
 
     const double line = lineHeight(theme.tickFont);
     const double below = baselineBelowMiddle(theme.tickFont);
@@ -135,18 +152,18 @@ void PlotDrawing::drawAxis(int id, const std::string& title) {
             edge +
             outward * (tickLength + labelGap + line * (axis.map.scale().hasGroups() ? 2.0 : 1.0) +
                        titleGap + 0.5 * lineHeight(theme.axisTitleFont));
-        const bool hasTitle = layout.hasAxisTitles && !title.empty();
-        drawOffset(id, axis, hasTitle ? std::round(titleMiddle + below) : second);
+        const bool hasTitle = !title.empty();
+        drawOffset(place, hasTitle ? std::round(titleMiddle + below) : second);
         if (hasTitle)
-            drawAxisTitle(id, title, std::round(titleMiddle + titleBelow));
+            drawAxisTitle(axis, title, std::round(titleMiddle + titleBelow));
     } else {
-        drawVerticalLabels(id, axis);
-        drawOffset(id, axis, c.top() - 0.75 * line + below);
-        if (layout.hasAxisTitles && !title.empty()) {
+        drawVerticalLabels(place);
+        drawOffset(place, c.top() - 0.75 * line + below);
+        if (!title.empty()) {
             const double titleMiddle =
                 edge + outward * (tickLength + labelGap + axis.labelRoom + titleGap +
                                   0.5 * lineHeight(theme.axisTitleFont));
-            drawAxisTitle(id, title, std::round(titleMiddle + titleBelow));
+            drawAxisTitle(axis, title, std::round(titleMiddle + titleBelow));
         }
     }
 }
@@ -208,10 +225,11 @@ void PlotDrawing::drawGroups(const AxisLayout& axis, double baseline) {
     }
 }
 
-void PlotDrawing::drawVerticalLabels(int id, const AxisLayout& axis) {
+void PlotDrawing::drawVerticalLabels(const AxisPlace& place) {
+    const AxisLayout& axis = place.axis;
     const double line = lineHeight(theme.tickFont);
     const double below = baselineBelowMiddle(theme.tickFont);
-    const double near = tickLength + labelGap;
+    const double near = place.edge + place.outward * (tickLength + labelGap + 0.5);
     std::vector<LabelSpan> taken;
     for (std::size_t i = 0; i < axis.ticks.major.size(); ++i) {
         const Tick& tick = axis.ticks.major[i];
@@ -229,35 +247,31 @@ void PlotDrawing::drawVerticalLabels(int id, const AxisLayout& axis) {
         if (collides)
             continue;
         taken.push_back({from, from + height});
-        const auto place = [&](const std::string& text, double width, double at,
-                               const Color& color) {
-            const double x = id == 0 ? layout.canvas.left() - 1.0 - near - width
-                                     : layout.canvas.right() + 1.0 + near;
-            drawText(x, at + below, text, theme.tickFont, color);
+        const auto put = [&](const std::string& text, double width, double at, const Color& color) {
+            drawText(place.outward < 0.0 ? near - width : near, at + below, text, theme.tickFont,
+                     color);
         };
-        place(tick.label, axis.labelWidths[i], from + 0.5 * line, theme.text);
+        put(tick.label, axis.labelWidths[i], from + 0.5 * line, theme.text);
         if (startsGroup)
-            place(tick.group, measure.width(tick.group, theme.tickFont), from + 1.5 * line,
-                  theme.mutedText);
+            put(tick.group, measure.width(tick.group, theme.tickFont), from + 1.5 * line,
+                theme.mutedText);
     }
 }
 
-void PlotDrawing::drawOffset(int id, const AxisLayout& axis, double baseline) {
-    const std::string& text = axis.ticks.offset;
+void PlotDrawing::drawOffset(const AxisPlace& place, double baseline) {
+    const std::string& text = place.axis.ticks.offset;
     if (text.empty())
         return;
     const double width = measure.width(text, theme.tickFont);
+    const double near = place.edge + place.outward * (tickLength + labelGap + 0.5);
     double x = layout.canvas.right() - width;
-    if (id == 0)
-        x = layout.canvas.left() - tickLength - labelGap - width;
-    else if (id == 1)
-        x = layout.canvas.right() + tickLength + labelGap;
+    if (!place.axis.horizontal)
+        x = place.outward < 0.0 ? near - width : near;
     x = std::clamp(x, 1.0, std::max(layout.width - width - 1.0, 1.0));
     drawText(x, baseline, text, theme.tickFont, theme.mutedText);
 }
 
-void PlotDrawing::drawAxisTitle(int id, const std::string& title, double baseline) {
-    const AxisLayout& axis = *layout.axes[static_cast<std::size_t>(id)];
+void PlotDrawing::drawAxisTitle(const AxisLayout& axis, const std::string& title, double baseline) {
     const Rect& c = layout.canvas;
     double room = axis.horizontal ? c.width : layout.height - 2.0;
     // The offset shares the title's line, at its right end.
@@ -284,32 +298,66 @@ void PlotDrawing::drawBlock(const TextBlock& block, const Font& font, const Colo
     }
 }
 
+// Rows of pixels, those of one colour together. Each reaches below the next one, which hides the
+// seam that targets of another resolution would show between them.
+void PlotDrawing::drawColorBar(const ColorBar& bar) {
+    const Rect& strip = bar.strip;
+    const auto colorAt = [&](double y) {
+        return bar.colors->color(bar.axis.map.invTransform(y + 0.5));
+    };
+    double from = strip.top();
+    while (from < strip.bottom()) {
+        const Color color = colorAt(from);
+        double to = from + 1.0;
+        while (to < strip.bottom() && colorAt(to) == color)
+            to += 1.0;
+        const double end = color.alpha() == 255 ? std::min(to + 1.0, strip.bottom()) : to;
+        painter.fillRect({strip.x, from, strip.width, end - from}, color);
+        from = to;
+    }
+    painter.setPen(Pen(theme.axisLine, theme.axisLineWidth));
+    painter.drawRect({strip.x - 0.5, strip.y - 0.5, strip.width + 1.0, strip.height + 1.0});
+    drawAxis({bar.axis, strip.right() + 0.5, 1.0}, bar.colors->title());
+}
+
+void PlotDrawing::drawLegendFrame() {
+    const LegendLayout& legend = layout.legend;
+    if (legend.entries.empty() || layout.legendPosition == LegendPosition::OutsideRight ||
+        layout.legendPosition == LegendPosition::OutsideTop)
+        return;
+    const Rect box{layout.legendCorner.x, layout.legendCorner.y, legend.width, legend.height};
+    painter.fillRect(box, theme.legendBackground);
+    painter.setPen(Pen(theme.legendFrame));
+    painter.drawRect({box.x + 0.5, box.y + 0.5, box.width - 1.0, box.height - 1.0});
+}
+
 void PlotDrawing::drawTexts() {
     drawBlock(layout.title, theme.titleFont, theme.text);
     drawBlock(layout.subtitle, theme.subtitleFont, theme.mutedText);
 }
 
-// Corners in the order in which equal ones are preferred.
-constexpr std::array corners = {LegendPosition::TopRight, LegendPosition::TopLeft,
-                                LegendPosition::BottomRight, LegendPosition::BottomLeft};
-
-Rect cornerRect(LegendPosition corner, const PlotLayout& layout) {
-    const Rect room = layout.canvas.grown(-legendMargin);
-    const LegendLayout& legend = layout.legend;
-    const bool left = corner == LegendPosition::TopLeft || corner == LegendPosition::BottomLeft;
-    const bool top = corner == LegendPosition::TopLeft || corner == LegendPosition::TopRight;
-    return {std::round(left ? room.left() : room.right() - legend.width),
-            std::round(top ? room.top() : room.bottom() - legend.height), legend.width,
-            legend.height};
-}
-
-LegendPosition emptiestCorner(const CoveragePainter& coverage, const PlotLayout& layout) {
-    return *std::min_element(corners.begin(), corners.end(), [&](auto a, auto b) {
-        return coverage.covered(cornerRect(a, layout)) < coverage.covered(cornerRect(b, layout));
-    });
-}
-
 } // namespace
+
+SeriesLook Plot::Private::lookOf(std::size_t index) const {
+    const auto end = series.begin() + static_cast<std::ptrdiff_t>(index);
+    const auto before =
+        std::count_if(series.begin(), end, [](const auto& s) { return s->takesCycleColor(); });
+    const Color fallback = theme.cycle.empty()
+                               ? theme.text
+                               : theme.cycle[static_cast<std::size_t>(before) % theme.cycle.size()];
+    return {series[index]->color().value_or(fallback), theme.text, theme.canvas, theme.tickFont};
+}
+
+void Plot::Private::drawSeries(Painter& painter, const PlotLayout& layout, FrameBuffers& buffers) {
+    for (std::size_t i = 0; i < series.size(); ++i) {
+        const Series& s = *series[i];
+        if (!s.isVisible())
+            continue;
+        Canvas canvas(painter, layout.canvas, mapOver(s.xAxis(), layout.canvas),
+                      mapOver(s.yAxis(), layout.canvas), lookOf(i), buffers);
+        s.draw(canvas);
+    }
+}
 
 void Plot::Private::draw(Painter& painter, const PlotLayout& layout) {
     PlotDrawing drawing(painter, layout, theme, measure);
@@ -317,52 +365,22 @@ void Plot::Private::draw(Painter& painter, const PlotLayout& layout) {
     for (int id = 0; id < axisCount; ++id)
         if (layout.axes[static_cast<std::size_t>(id)] && axis(id).gridVisible)
             drawing.drawGrid(*layout.axes[static_cast<std::size_t>(id)]);
-
     FrameBuffers buffers;
-    const auto lookOf = [&](std::size_t index) {
-        const Color fallback =
-            theme.cycle.empty() ? theme.text : theme.cycle[index % theme.cycle.size()];
-        return SeriesLook{series[index]->color().value_or(fallback), theme.text, theme.canvas,
-                          theme.tickFont};
-    };
-    const bool insideLegend = !layout.legend.entries.empty() &&
-                              legend.position() != LegendPosition::OutsideRight &&
-                              legend.position() != LegendPosition::OutsideTop;
-    const bool chooses =
-        insideLegend && legend.position() == LegendPosition::Automatic && !memory.legendCorner;
-    CoveragePainter coverage(painter, layout.canvas);
-    Painter& target = chooses ? static_cast<Painter&>(coverage) : painter;
     if (!layout.canvas.isEmpty()) {
         painter.setClipRect(layout.canvas);
-        for (std::size_t i = 0; i < series.size(); ++i) {
-            const Series& s = *series[i];
-            if (!s.isVisible())
-                continue;
-            Canvas seriesCanvas(target, layout.canvas, mapOver(s.xAxis(), layout.canvas),
-                                mapOver(s.yAxis(), layout.canvas), lookOf(i), buffers);
-            s.draw(seriesCanvas);
-        }
+        drawSeries(painter, layout, buffers);
         painter.clearClip();
         drawing.maskOverhang();
     }
     for (int id = 0; id < axisCount; ++id)
         if (layout.axes[static_cast<std::size_t>(id)])
-            drawing.drawAxis(id, axis(id).title);
+            drawing.drawAxis(drawing.placeOf(id), layout.hasAxisTitles ? axis(id).title : "");
+    for (const ColorBar& bar : layout.colorBars)
+        drawing.drawColorBar(bar);
     drawing.drawTexts();
-
-    if (layout.legend.entries.empty())
-        return;
-    if (chooses)
-        memory.legendCorner = emptiestCorner(coverage, layout);
-    Point corner = layout.legendCorner;
-    if (insideLegend) {
-        const Rect box = cornerRect(memory.legendCorner.value_or(legend.position()), layout);
-        corner = {box.x, box.y};
-        painter.fillRect(box, theme.legendBackground);
-        painter.setPen(Pen(theme.legendFrame));
-        painter.drawRect({box.x + 0.5, box.y + 0.5, box.width - 1.0, box.height - 1.0});
-    }
+    drawing.drawLegendFrame();
     for (const LegendEntry& entry : layout.legend.entries) {
+        const Point& corner = layout.legendCorner;
         painter.drawText(corner.x + entry.baseline.x, corner.y + entry.baseline.y, entry.text,
                          theme.legendFont, theme.text);
         if (entry.series >= series.size())

@@ -75,7 +75,8 @@ void PlotGrid::renderInto(Painter& painter, int width, int height) {
     std::vector<Margins> margins(d->plots.size());
     forEachPlot([&](Plot& plot, int row, int column, const Rect& cell) {
         plot.d->measure.setPainter(painter);
-        const Rect canvas = plot.d->layOut(cell.width, cell.height, plot.d->leastMargins).canvas;
+        const Rect canvas =
+            plot.d->settledLayout(painter, cell.width, cell.height, plot.d->leastMargins).canvas;
         const Margins own{canvas.left(), canvas.top(), cell.width - canvas.right(),
                           cell.height - canvas.bottom()};
         for (int other = 0; other < d->rows; ++other) {

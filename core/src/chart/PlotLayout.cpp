@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "CoveragePainter.h"
 #include "PlotPrivate.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace zembra {
 
@@ -14,6 +19,13 @@ constexpr double tickLength = 5.0;
 constexpr double labelGap = 4.0;
 constexpr double titleGap = 4.0;
 constexpr double smallestCanvas = 28.0;
+constexpr double colorBarGap = 14.0;
+constexpr double colorBarWidth = 14.0;
+// Colour bars that would take a larger share of the picture's width are left out.
+constexpr double mostForColorBars = 0.4;
+// A legend that would hide more of the data goes outside.
+constexpr double mostCovered = 0.03;
+constexpr double legendMargin = 8.0;
 
 /// What is left out, step by step, where room is short.
 enum class Detail { Full, TitleOnly, NoTitles, NoLabels };
@@ -47,15 +59,66 @@ double horizontalAxisRoom(const Scale& scale, bool hasTitle, const Theme& theme)
            titleGap;
 }
 
+double colorBarRoom(const ColorBar& bar, const Theme& theme) {
+    return colorBarGap + colorBarWidth +
+           verticalAxisRoom(bar.axis, !bar.colors->title().empty(), theme);
+}
+
+// The colour scales of the series, each one once.
+std::vector<const ColorScale*> colorScales(const std::vector<std::shared_ptr<Series>>& series) {
+    std::vector<const ColorScale*> found;
+    for (const auto& s : series)
+        if (const ColorScale* scale = s->isVisible() ? s->colorScale() : nullptr;
+            scale && std::find(found.begin(), found.end(), scale) == found.end())
+            found.push_back(scale);
+    return found;
+}
+
+ScaleMap mapOf(const ColorScale& colors, const Rect& area) {
+    return {colors.scale(), area.bottom(), area.top(), colors.range().min, colors.range().max};
+}
+
+// Where a legend inside the canvas has its corner.
+Point cornerOf(LegendPosition position, const PlotLayout& layout) {
+    const Rect room = layout.canvas.grown(-legendMargin);
+    const bool left = position == LegendPosition::TopLeft || position == LegendPosition::BottomLeft;
+    const bool top = position == LegendPosition::TopLeft || position == LegendPosition::TopRight;
+    return {std::round(left ? room.left() : room.right() - layout.legend.width),
+            std::round(top ? room.top() : room.bottom() - layout.legend.height)};
+}
+
+// The corner of the canvas where the legend hides least, in the order in which equal ones are
+// preferred, or a place outside where it would hide too much everywhere.
+LegendPosition placeOfLegend(const CoveragePainter& coverage, const PlotLayout& layout) {
+    constexpr std::array corners = {LegendPosition::TopRight, LegendPosition::TopLeft,
+                                    LegendPosition::BottomRight, LegendPosition::BottomLeft};
+    LegendPosition best = LegendPosition::OutsideTop;
+    double least = mostCovered;
+    for (const LegendPosition corner : corners) {
+        const Point p = cornerOf(corner, layout);
+        const double covered =
+            coverage.covered({p.x, p.y, layout.legend.width, layout.legend.height});
+        if (covered < least) {
+            least = covered;
+            best = corner;
+        }
+    }
+    return best;
+}
+
 AxisRequest requestOf(const auto& axis) {
-    return {axis.revision, axis.range->step, &axis.numberFormat};
+    return {axis.revision, axis.range->step, &axis.numberFormat, true};
 }
 
 } // namespace
 
 PlotLayout Plot::Private::layOut(double width, double height, const Margins& least) {
     if (memory.width != width || memory.height != height)
-        memory = {width, height, {}, std::nullopt};
+        memory = {width, height, {}, {}, std::nullopt};
+    const LegendPosition position =
+        legend.position() == LegendPosition::Automatic && memory.legendPosition
+            ? *memory.legendPosition
+            : legend.position();
 
     PlotLayout layout;
     for (const Detail detail :
@@ -65,6 +128,7 @@ PlotLayout Plot::Private::layOut(double width, double height, const Margins& lea
         layout.height = height;
         layout.hasAxisTitles = detail == Detail::Full;
         layout.hasTickLabels = detail != Detail::NoLabels;
+        layout.legendPosition = position;
         const auto hasTitle = [&](int id) {
             return layout.hasAxisTitles && !axis(id).title.empty();
         };
@@ -85,7 +149,7 @@ PlotLayout Plot::Private::layOut(double width, double height, const Margins& lea
         const bool hasLegend =
             detail == Detail::Full && legend.isVisibleFor(static_cast<int>(names.size()));
         double legendTop = 0.0;
-        if (hasLegend && legend.position() == LegendPosition::OutsideTop) {
+        if (hasLegend && position == LegendPosition::OutsideTop) {
             layout.legend = layoutLegendRows(names, width - 2.0 * pad, 3, theme, measure);
             legendTop = margins.top + 0.25 * theme.legendFont.pixelSize();
             margins.top = legendTop + layout.legend.height;
@@ -112,10 +176,14 @@ PlotLayout Plot::Private::layOut(double width, double height, const Margins& lea
             margins.right += theme.tickFont.pixelSize();
         if ((enabled(2) || enabled(3)) && !enabled(0))
             margins.left += theme.tickFont.pixelSize();
-        if (hasLegend && legend.position() == LegendPosition::OutsideRight) {
-            const double room = 0.35 * width;
-            layout.legend = layoutLegendColumn(names, room, inside(margins, width, height).height,
-                                               theme, measure);
+        const Rect provisional = inside(margins, width, height);
+        if (detail == Detail::Full)
+            layout.colorBars = layOutColorBars(provisional, mostForColorBars * width);
+        for (const ColorBar& bar : layout.colorBars)
+            margins.right += colorBarRoom(bar, theme);
+        if (hasLegend && position == LegendPosition::OutsideRight) {
+            layout.legend =
+                layoutLegendColumn(names, 0.35 * width, provisional.height, theme, measure);
             if (!layout.legend.entries.empty())
                 margins.right += layout.legend.width + titleGap;
         }
@@ -131,13 +199,15 @@ PlotLayout Plot::Private::layOut(double width, double height, const Margins& lea
             std::min(layout.canvas.width, layout.canvas.height) < smallestCanvas)
             continue;
 
-        if (hasLegend && legend.position() == LegendPosition::OutsideTop)
+        if (hasLegend && position == LegendPosition::OutsideTop)
             layout.legendCorner = {pad, std::round(legendTop)};
-        else if (hasLegend && legend.position() == LegendPosition::OutsideRight)
+        else if (hasLegend && position == LegendPosition::OutsideRight)
             layout.legendCorner = {width - titleGap - layout.legend.width, layout.canvas.top()};
-        else if (hasLegend)
+        else if (hasLegend) {
             layout.legend = layoutLegendColumn(names, 0.6 * layout.canvas.width,
                                                0.8 * layout.canvas.height, theme, measure);
+            layout.legendCorner = cornerOf(position, layout);
+        }
         break;
     }
 
@@ -152,7 +222,47 @@ PlotLayout Plot::Private::layOut(double width, double height, const Margins& lea
         else
             layout.axes[index]->map = mapOver(id, layout.canvas);
     }
+    double x = layout.canvas.right();
+    if (layout.hasTickLabels && axis(1).enabled)
+        x += verticalAxisRoom(*layout.axes[1], layout.hasAxisTitles && !axis(1).title.empty(),
+                              theme);
+    for (ColorBar& bar : layout.colorBars) {
+        bar.strip = {std::ceil(x + colorBarGap), layout.canvas.top(), colorBarWidth,
+                     layout.canvas.height};
+        bar.axis.map = mapOf(*bar.colors, bar.strip);
+        x += colorBarRoom(bar, theme);
+    }
     return layout;
+}
+
+std::vector<ColorBar> Plot::Private::layOutColorBars(const Rect& area, double room) {
+    std::vector<ColorBar> bars;
+    const auto scales = colorScales(series);
+    memory.colorBars.resize(scales.size());
+    for (std::size_t i = 0; i < scales.size(); ++i) {
+        const AxisRequest request{1, 0.0, nullptr, false};
+        ColorBar bar{scales[i],
+                     layoutAxis(request, mapOf(*scales[i], area), false, theme, measure,
+                                memory.colorBars[i]),
+                     {}};
+        room -= colorBarRoom(bar, theme);
+        if (room < 0.0)
+            break;
+        bars.push_back(std::move(bar));
+    }
+    return bars;
+}
+
+PlotLayout Plot::Private::settledLayout(Painter& painter, double width, double height,
+                                        const Margins& least) {
+    PlotLayout layout = layOut(width, height, least);
+    if (layout.legend.entries.empty() || layout.legendPosition != LegendPosition::Automatic)
+        return layout;
+    CoveragePainter coverage(painter, layout.canvas);
+    FrameBuffers buffers;
+    drawSeries(coverage, layout, buffers);
+    memory.legendPosition = placeOfLegend(coverage, layout);
+    return layOut(width, height, least);
 }
 
 } // namespace zembra

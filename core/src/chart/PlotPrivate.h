@@ -7,10 +7,13 @@
 
 #include <zembra/chart/Legend.h>
 #include <zembra/chart/Plot.h>
+#include <zembra/series/Canvas.h>
+#include <zembra/series/ColorScale.h>
 
 #include <array>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace zembra {
 
@@ -31,6 +34,13 @@ struct TextBlock {
     double y = 0.0;
 };
 
+/// A strip beside the canvas that tells which colour stands for which value.
+struct ColorBar {
+    const ColorScale* colors = nullptr;
+    AxisLayout axis;
+    Rect strip;
+};
+
 /// Everything that one frame needs to know about places.
 struct PlotLayout {
     double width = 0.0;
@@ -42,8 +52,11 @@ struct PlotLayout {
     bool hasTickLabels = true;
     /// Set for the axes that are shown.
     std::array<std::optional<AxisLayout>, axisCount> axes;
+    std::vector<ColorBar> colorBars;
     LegendLayout legend;
-    /// Where a legend outside the canvas stands.
+    /// Never `Automatic`, unless no place has been chosen yet.
+    LegendPosition legendPosition = LegendPosition::Automatic;
+    /// The top-left corner of the legend.
     Point legendCorner;
 };
 
@@ -52,8 +65,9 @@ struct LayoutMemory {
     double width = 0.0;
     double height = 0.0;
     std::array<AxisMemory, axisCount> axes;
-    /// The corner an automatic legend has settled in.
-    std::optional<LegendPosition> legendCorner;
+    std::vector<AxisMemory> colorBars;
+    /// The place an automatic legend has settled in.
+    std::optional<LegendPosition> legendPosition;
 };
 
 /// The axis 0 or 2 along the same direction.
@@ -76,7 +90,14 @@ struct Plot::Private {
 
     /// `least` are margins that the canvas keeps at the least.
     PlotLayout layOut(double width, double height, const Margins& least);
+    /// The same after an automatic legend has chosen its place, for which the series are drawn once
+    /// without a trace.
+    PlotLayout settledLayout(Painter& painter, double width, double height, const Margins& least);
+    /// Colour bars for an area, as many as find `room` beside it.
+    std::vector<ColorBar> layOutColorBars(const Rect& area, double room);
     void draw(Painter& painter, const PlotLayout& layout);
+    void drawSeries(Painter& painter, const PlotLayout& layout, FrameBuffers& buffers);
+    SeriesLook lookOf(std::size_t index) const;
 
     // One more than there are: the spare one for numbers that name no axis.
     std::array<Axis, axisCount + 1> axes;

@@ -12,6 +12,7 @@ namespace zembra {
 class CategoricalScale : public LinearScale {
 public:
     explicit CategoricalScale(std::vector<std::string> names) : names(std::move(names)) {}
+    bool isCategorical() const override { return true; }
     Interval defaultRange() const override;
     Interval rangeAround(double value) const override { return {value - 0.5, value + 0.5}; }
     Interval rangeOver(const Interval& data, double share) const override;

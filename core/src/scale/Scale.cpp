@@ -93,6 +93,10 @@ bool Scale::isLinear() const {
     return engine->isLinear();
 }
 
+bool Scale::isCategorical() const {
+    return engine->isCategorical();
+}
+
 bool Scale::hasGroups() const {
     return engine->hasGroups();
 }

@@ -15,6 +15,10 @@ double Coordinate::pixel(const ScaleMap& map, double low, double high) const {
     return data ? map.transform(number) : low + number * (high - low);
 }
 
+bool Annotation::takesCycleColor() const {
+    return false;
+}
+
 Bounds Annotation::bounds(const Scale&, const Scale&) const {
     return {};
 }

@@ -162,6 +162,10 @@ const CandleStyle& CandlestickSeries::style() const {
     return d->style;
 }
 
+bool CandlestickSeries::takesCycleColor() const {
+    return false;
+}
+
 Bounds CandlestickSeries::bounds(const Scale& x, const Scale& y) const {
     return d->boundsCache.get(revision(), x, y, [&] {
         Interval positions;

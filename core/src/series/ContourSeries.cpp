@@ -191,6 +191,10 @@ const ColorScale* ContourSeries::colorScale() const {
     return &d->colors;
 }
 
+bool ContourSeries::takesCycleColor() const {
+    return false;
+}
+
 Bounds ContourSeries::bounds(const Scale& x, const Scale& y) const {
     Bounds bounds;
     if (d->grid.isEmpty())
@@ -201,6 +205,8 @@ Bounds ContourSeries::bounds(const Scale& x, const Scale& y) const {
     for (std::size_t i = 0; i < d->grid.rows(); ++i)
         if (y.contains(d->grid.yCenter(i)))
             bounds.y.include(d->grid.yCenter(i));
+    bounds.xFlush = true;
+    bounds.yFlush = true;
     return bounds;
 }
 

@@ -287,12 +287,18 @@ HeatMapSampling HeatMapSeries::sampling() const {
     return d->sampling;
 }
 
+bool HeatMapSeries::takesCycleColor() const {
+    return false;
+}
+
 Bounds HeatMapSeries::bounds(const Scale& x, const Scale& y) const {
     Bounds bounds;
     if (d->grid.isEmpty())
         return bounds;
     bounds.x = placedPart(d->grid.x(), d->grid.columns(), x);
     bounds.y = placedPart(d->grid.y(), d->grid.rows(), y);
+    bounds.xFlush = true;
+    bounds.yFlush = true;
     return bounds;
 }
 

@@ -75,6 +75,10 @@ std::optional<NearestSample> Series::findNearest(const Point&, const ScaleMap&,
     return std::nullopt;
 }
 
+bool Series::takesCycleColor() const {
+    return true;
+}
+
 const ColorScale* Series::colorScale() const {
     return nullptr;
 }

@@ -230,3 +230,15 @@ TEST(Axis, TellsItsNumbersInTheFormatItIsGiven) {
     plot.renderInto(plain, 640, 480);
     EXPECT_EQ(plain.text().find('%'), std::string::npos);
 }
+
+TEST(Axis, NamesEveryCategoryThatHasRoom) {
+    const std::vector<std::string> names{"Nemer", "Wald",  "Sarn", "Ostra",
+                                         "Lind",  "Arvel", "Bug",  "Esk"};
+    Plot plot;
+    plot.axis(0).setScale(Scale::categorical(names));
+    plot.axis(0).setRange(-0.5, 7.5);
+    RecordingPainter painter;
+    plot.renderInto(painter, 480, 240);
+    for (const std::string& name : names)
+        EXPECT_NE(painter.text().find('"' + name + '"'), std::string::npos) << name;
+}

@@ -118,3 +118,32 @@ TEST(Legend, CountsTheEntriesThatFindNoRoom) {
             EXPECT_LE(box.rect.right(), 640.0) << box.text;
     }
 }
+
+TEST(Legend, GoesOutsideWhereItWouldHideTheDataInEveryCorner) {
+    Plot plot;
+    // Zigzags all over the canvas.
+    std::vector<double> x;
+    std::vector<double> y;
+    for (int i = 0; i < 400; ++i) {
+        x.push_back(i);
+        y.push_back(i % 2);
+    }
+    plot.add<LineSeries>(x, y, "one");
+    plot.add<LineSeries>(x, y, "two");
+    TextBoxPainter painter;
+    plot.renderInto(painter, 640, 480);
+    const auto box = boxOf(painter, "one");
+    ASSERT_TRUE(box);
+    EXPECT_LT(box->bottom(), plot.canvasRect().top());
+}
+
+TEST(Legend, ChoosingItsPlaceLeavesNoTrace) {
+    Plot plot;
+    addLine(plot, "one");
+    addLine(plot, "two");
+    TextBoxPainter first;
+    plot.renderInto(first, 640, 480);
+    TextBoxPainter second;
+    plot.renderInto(second, 640, 480);
+    EXPECT_EQ(first.text(), second.text());
+}

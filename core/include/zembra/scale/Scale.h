@@ -62,6 +62,8 @@ public:
     bool isLinear() const;
     /// Whether ticks may tell a coarser unit in their groups, which takes a line of its own.
     bool hasGroups() const;
+    /// Whether ticks name single values, so that each one left out is missed.
+    bool isCategorical() const;
     /// The smallest and the largest value that can be placed.
     Interval domain() const;
 
@@ -97,6 +99,7 @@ public:
     virtual bool contains(double value) const = 0;
     virtual bool isLinear() const { return false; }
     virtual bool hasGroups() const { return false; }
+    virtual bool isCategorical() const { return false; }
     /// The smallest and the largest value that can be placed.
     virtual Interval domain() const { return Scale::allReals(); }
     /// The range for empty data.

@@ -42,6 +42,7 @@ struct Position {
 class ZEMBRA_EXPORT Annotation : public Series {
 public:
     /// Empty.
+    bool takesCycleColor() const override;
     Bounds bounds(const Scale& x, const Scale& y) const override;
 
 protected:

@@ -60,6 +60,7 @@ public:
     bool setStyle(const CandleStyle& style);
     const CandleStyle& style() const;
 
+    bool takesCycleColor() const override;
     Bounds bounds(const Scale& x, const Scale& y) const override;
     void draw(Canvas& canvas) const override;
     void drawLegendKey(Canvas& canvas, const Rect& area) const override;

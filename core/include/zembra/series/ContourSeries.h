@@ -55,6 +55,7 @@ public:
     void setColorScale(ColorScale scale);
     const ColorScale* colorScale() const override;
 
+    bool takesCycleColor() const override;
     Bounds bounds(const Scale& x, const Scale& y) const override;
     void draw(Canvas& canvas) const override;
     void drawLegendKey(Canvas& canvas, const Rect& area) const override;

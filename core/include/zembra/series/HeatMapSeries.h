@@ -39,6 +39,7 @@ public:
     void setSampling(HeatMapSampling sampling);
     HeatMapSampling sampling() const;
 
+    bool takesCycleColor() const override;
     Bounds bounds(const Scale& x, const Scale& y) const override;
     void draw(Canvas& canvas) const override;
     void drawLegendKey(Canvas& canvas, const Rect& area) const override;

@@ -25,12 +25,17 @@ struct Bounds {
     /// The values stand on zero, as bars do: an automatic range begins exactly there.
     bool xFromZero = false;
     bool yFromZero = false;
+    /// The values fill their area to its edges, as cells do: an automatic range ends exactly there.
+    bool xFlush = false;
+    bool yFlush = false;
 
     void include(const Bounds& other) {
         x.include(other.x);
         y.include(other.y);
         xFromZero = xFromZero || other.xFromZero;
         yFromZero = yFromZero || other.yFromZero;
+        xFlush = xFlush || other.xFlush;
+        yFlush = yFlush || other.yFlush;
     }
 };
 
@@ -72,6 +77,9 @@ public:
     /// The series' own colour; none (as at first) takes the next of the theme's cycle.
     void setColor(std::optional<Color> color);
     std::optional<Color> color() const;
+    /// Whether the series takes up a colour of the cycle, its own set or not, so that setting one
+    /// changes no other series. True at first; false for kinds that are drawn in other colours.
+    virtual bool takesCycleColor() const;
 
     /// What the samples cover that the two scales can place. Hidden or not.
     virtual Bounds bounds(const Scale& x, const Scale& y) const = 0;
