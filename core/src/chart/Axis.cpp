@@ -42,8 +42,8 @@ AxisDerivation::AxisDerivation(std::function<double(double)> forward,
 
 const Scale& AxisDerivation::scaleBeside(const Scale& primary) {
     if (!(from == primary)) {
-        from = primary;
         scale = derivedScale(primary, forward, inverse);
+        from = primary;
     }
     return scale;
 }
@@ -57,10 +57,11 @@ Axis::Private::~Private() {
 }
 
 void Axis::Private::follow(const std::shared_ptr<AxisRange>& other) {
+    // First what may fail.
+    other->axes.push_back(this);
     if (range)
         std::erase(range->axes, this);
     range = other;
-    range->axes.push_back(this);
     ++revision;
 }
 
@@ -177,11 +178,11 @@ bool Axis::setDerived(std::function<double(double)> forward,
                       std::function<double(double)> inverse) {
     if (!d->primary)
         return false;
-    unlink();
+    std::optional<AxisDerivation> derivation;
     if (forward && inverse)
-        d->derivation.emplace(std::move(forward), std::move(inverse), d->primary->scale());
-    else
-        d->derivation.reset();
+        derivation.emplace(std::move(forward), std::move(inverse), d->primary->scale());
+    unlink();
+    d->derivation = std::move(derivation);
     return true;
 }
 
@@ -192,9 +193,9 @@ bool Axis::isDerived() const {
 void Axis::linkTo(Axis& other) {
     if (d->derivation || other.d->derivation || other.d->range == d->range)
         return;
+    d->follow(other.d->range);
     d->scale = other.d->scale;
     d->inverted = other.d->inverted;
-    d->follow(other.d->range);
 }
 
 void Axis::unlink() {
@@ -208,7 +209,9 @@ bool Axis::isLinkedTo(const Axis& other) const {
 }
 
 void Axis::setNumberFormat(const NumberFormat& format) {
-    d->numberFormat = format;
+    // Copied first: an assignment that fails half-way would leave a mixture.
+    NumberFormat copy = format;
+    d->numberFormat = std::move(copy);
     ++d->revision;
 }
 

@@ -368,7 +368,12 @@ void Plot::Private::draw(Painter& painter, const PlotLayout& layout) {
     FrameBuffers buffers;
     if (!layout.canvas.isEmpty()) {
         painter.setClipRect(layout.canvas);
-        drawSeries(painter, layout, buffers);
+        try {
+            drawSeries(painter, layout, buffers);
+        } catch (...) {
+            painter.clearClip();
+            throw;
+        }
         painter.clearClip();
         drawing.maskOverhang();
     }

@@ -95,8 +95,13 @@ void PlotGrid::renderInto(Painter& painter, int width, int height) {
             plot.d->layOut(cell.width, cell.height, margins[d->index(row, column)]);
         plot.d->canvas = layout.canvas;
         painter.save();
-        painter.translate(cell.x, cell.y);
-        plot.d->draw(painter, layout);
+        try {
+            painter.translate(cell.x, cell.y);
+            plot.d->draw(painter, layout);
+        } catch (...) {
+            painter.restore();
+            throw;
+        }
         painter.restore();
     });
 }

@@ -81,11 +81,12 @@ void ExtentIndex::buildLevelAbove(std::size_t level, std::size_t first, std::siz
 
 template <class T>
 void ExtentIndex::build(const T* values, std::size_t count) {
-    levels.clear();
-    built = true;
+    reset();
     // Only whole blocks: what is left over at the end is always looked at itself.
     for (std::size_t size = count / blockSize; size > 0; size /= fanOut)
         levels.emplace_back(size);
+    // Not before there is memory for all of it: half an index would be taken for a whole one.
+    built = true;
     update(values, count, 0, count);
 }
 

@@ -11,6 +11,7 @@
 #include <limits>
 #include <map>
 #include <mutex>
+#include <new>
 
 namespace zembra {
 
@@ -54,6 +55,9 @@ std::shared_ptr<const ZoneTable> ZoneTable::of(const std::string& name) {
         return table;
     try {
         table = std::make_shared<ZoneTable>(name == "UTC" ? utcSpans() : readSpans(name));
+    } catch (const std::bad_alloc&) {
+        // Nothing wrong with the name: it may go better the next time.
+        throw;
     } catch (...) {
         table = std::make_shared<ZoneTable>(utcSpans());
     }
