@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <limits>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace fuzz {
+
+/// Ends the program, which libFuzzer and the replay take for a find.
+inline void require(bool holds, const char* what) {
+    if (holds)
+        return;
+    std::fprintf(stderr, "fuzz: does not hold: %s\n", what);
+    std::abort();
+}
+
+/// Hands out bytes as choices, numbers and texts; zeros once they are used up.
+class Bytes {
+public:
+    Bytes(const std::uint8_t* data, std::size_t size) : left(data, size) {}
+
+    bool isEmpty() const { return left.empty(); }
+
+    std::uint8_t byte() {
+        if (left.empty())
+            return 0;
+        const std::uint8_t first = left.front();
+        left = left.subspan(1);
+        return first;
+    }
+    bool flag() { return byte() % 2 == 1; }
+    /// From 0 to `count` - 1.
+    int choice(int count) { return byte() % count; }
+    int integer() { return static_cast<int>(static_cast<std::int8_t>(byte())) * (1 + choice(40)); }
+
+    /// Small whole numbers, ordinary ones, ones that break careless code, and any bits at all.
+    double number() {
+        static constexpr double inf = std::numeric_limits<double>::infinity();
+        static constexpr std::array hostile{0.0,
+                                            -0.0,
+                                            1e-300,
+                                            -1e-300,
+                                            5e-324,
+                                            1e300,
+                                            -1e300,
+                                            1.7e308,
+                                            -1.7e308,
+                                            std::numeric_limits<double>::max(),
+                                            std::numeric_limits<double>::lowest(),
+                                            inf,
+                                            -inf,
+                                            std::numeric_limits<double>::quiet_NaN(),
+                                            1.7e9,
+                                            253402300800.0,
+                                            -6e10,
+                                            1e15 + 0.5};
+        switch (choice(4)) {
+        case 0:
+            return static_cast<std::int8_t>(byte());
+        case 1:
+            return static_cast<std::int8_t>(byte()) * std::pow(10.0, choice(19) - 9);
+        case 2:
+            return hostile.at(byte() % hostile.size());
+        default:
+            break;
+        }
+        std::array<std::uint8_t, sizeof(double)> bits{};
+        for (std::uint8_t& each : bits)
+            each = byte();
+        double value = 0.0;
+        std::memcpy(&value, bits.data(), sizeof value);
+        return value;
+    }
+
+    /// At most a few hundred numbers; now and then more than a canvas has columns.
+    std::vector<double> numbers() {
+        std::vector<double> list(byte() % 24);
+        for (double& each : list)
+            each = number();
+        if (!list.empty() && choice(8) == 7) {
+            const std::size_t few = list.size();
+            for (std::size_t i = few; i < 700; ++i)
+                list.push_back(list[i % few] + static_cast<double>(i));
+        }
+        return list;
+    }
+
+    std::string text() { return rest(byte() % 16); }
+
+    std::string rest(std::size_t most = std::numeric_limits<std::size_t>::max()) {
+        std::string result;
+        while (!left.empty() && result.size() < most)
+            result.push_back(static_cast<char>(byte()));
+        return result;
+    }
+
+private:
+    std::span<const std::uint8_t> left;
+};
+
+/// Sees that nothing takes longer than a frame may. Processor time, so that a busy machine finds no
+/// fault; sanitizers are allowed ten times as much.
+class Stopwatch {
+public:
+    ~Stopwatch() {
+        const double seconds = now() - start;
+#ifdef FUZZ_UNDER_SANITIZER
+        require(seconds < 1.0, "an answer within 100 ms, or 1 s under a sanitizer");
+#else
+        require(seconds < 0.1, "an answer within 100 ms");
+#endif
+    }
+
+private:
+    static double now() {
+        std::timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+    }
+    double start = now();
+};
+
+} // namespace fuzz
