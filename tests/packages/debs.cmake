@@ -97,6 +97,7 @@ if(has_reference)
     set(reference "usr/share/doc/zembra-doc/html/index\\.html" "usr/share/doc/zembra-doc/html/.*")
 endif()
 check_files(zembra-doc "usr/share/doc/zembra-doc/[A-Za-z-]*\\.md"
+    "usr/share/doc/zembra-doc/migration/[a-z-]*\\.md"
     "usr/share/doc/zembra-doc/examples/.*" ${reference})
 check_control(zembra-doc "Architecture: all")
 
