@@ -4,8 +4,9 @@
 
 using zembra::NumberFormat;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    fuzz::Bytes bytes(data, size);
+namespace {
+
+void run(fuzz::Bytes bytes) {
     const fuzz::Stopwatch stopwatch;
     const NumberFormat format = fuzz::anyFormat(bytes);
     const double value = bytes.number();
@@ -26,5 +27,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string offset = bytes.text();
     const auto number = format.parse(bytes.rest(), offset);
     fuzz::require(!number || !std::isnan(*number), "numbers or nothing from any text");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::Stopwatch::attend([&] { run({data, size}); });
     return 0;
 }

@@ -468,7 +468,8 @@ void changeAxis(Plot& plot, Plot& other, Bytes& bytes) {
     case 6: {
         const auto before = axis.range();
         if (!axis.setRange(bytes.number(), bytes.number(), bytes.number()))
-            require(axis.range() == before, "a refused range that changes nothing");
+            require(axis.range() == before || axis.isDerived(),
+                    "a refused range that changes nothing");
         break;
     }
     case 7:
@@ -566,10 +567,7 @@ void render(Plot& plot, Bytes& bytes) {
     }
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Bytes bytes(data, size);
+void run(Bytes bytes) {
     std::vector<std::shared_ptr<Plot>> plots{std::make_shared<Plot>(), std::make_shared<Plot>()};
     while (!bytes.isEmpty()) {
         const int which = bytes.choice(2);
@@ -620,5 +618,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     render(*plots.front(), bytes);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::Stopwatch::attend([&] { run({data, size}); });
     return 0;
 }

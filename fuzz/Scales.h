@@ -8,6 +8,9 @@
 
 namespace fuzz {
 
+inline constexpr std::array<const char*, 4> zones{"UTC", "Europe/Zurich", "America/St_Johns",
+                                                  "Nowhere/At_All"};
+
 inline zembra::Scale anyScale(Bytes& bytes) {
     using zembra::Scale;
     switch (bytes.choice(7)) {
@@ -15,11 +18,8 @@ inline zembra::Scale anyScale(Bytes& bytes) {
         return Scale::linear();
     case 1:
         return Scale::log(bytes.number());
-    case 2: {
-        static constexpr const char* zones[] = {"UTC", "Europe/Zurich", "America/St_Johns",
-                                                "Nowhere/At_All"};
-        return Scale::time(zones[bytes.choice(4)]);
-    }
+    case 2:
+        return Scale::time(zones.at(bytes.byte() % zones.size()));
     case 3:
         return Scale::symLog(bytes.number(), bytes.number());
     case 4: {

@@ -28,10 +28,7 @@ void checkTicks(const Scale& scale, double first, double second, const TickReque
         fuzz::require(value >= low && value <= high, "minor ticks inside the range");
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    fuzz::Bytes bytes(data, size);
+void run(fuzz::Bytes bytes) {
     const fuzz::Stopwatch stopwatch;
     const Scale scale = fuzz::anyScale(bytes);
     const zembra::NumberFormat format = fuzz::anyFormat(bytes);
@@ -49,5 +46,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::require(std::isfinite(range.min) && std::isfinite(range.max) && range.min < range.max,
                   "automatic ranges that are finite and have a length");
     checkTicks(scale, range.min, range.max, request);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::Stopwatch::attend([&] { run({data, size}); });
     return 0;
 }
