@@ -17,7 +17,6 @@ namespace {
 
 // 2024-03-30 00:00 UTC.
 constexpr double start = 1711756800.0;
-constexpr double hour = 3600.0;
 
 /// Sunlight every ten minutes, highest at noon in Zurich.
 zembra::Samples sunlight() {
