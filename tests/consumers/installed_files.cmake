@@ -38,6 +38,12 @@ endforeach()
 expect(libqzembra "${section}" "RUNPATH[^\n]*\\[\\$ORIGIN\\]")
 expect(libqzembra "${section}" "NEEDED[^\n]*\\[libzembra\\.so\\.${major}\\]")
 
+file(GLOB plugin ${libraries}/qt6/plugins/designer/*.so)
+if(plugin)
+    dynamic_section(section ${plugin})
+    expect(${plugin} "${section}" "RUNPATH[^\n]*\\[\\$ORIGIN/\\.\\./\\.\\./\\.\\.\\]")
+endif()
+
 # The loader finds both libraries beside the program and nowhere else.
 set(program ${prefix}/bin/zembra-view)
 unset(ENV{LD_LIBRARY_PATH})
