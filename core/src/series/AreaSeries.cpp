@@ -4,6 +4,7 @@
 #include "AreaStack.h"
 #include "BandFill.h"
 #include "NearestPoint.h"
+#include "SideView.h"
 
 #include <zembra/series/Canvas.h>
 
@@ -163,15 +164,18 @@ void AreaSeries::draw(Canvas& canvas) const {
     const Color fill = thinned(canvas.look().color, d->style.opacity);
     if (!d->isStacked()) {
         fillBetween(canvas, d->samples, d->style.baseline, fill);
+        drawBaseline(canvas, SideView(canvas, Orientation::Vertical), d->style.baseline);
         drawThrough(canvas, d->samples, d->style.lineWidth);
         return;
     }
     const Private::Edges& edges = d->currentEdges(this);
     // The lowest area reaches the axis where a scale has no zero.
-    if (edges.isLowest)
+    if (edges.isLowest) {
         fillBetween(canvas, edges.stack.upper, 0.0, fill);
-    else
+        drawBaseline(canvas, SideView(canvas, Orientation::Vertical), 0.0);
+    } else {
         fillBetween(canvas, edges.stack.upper, edges.stack.lower, fill);
+    }
     drawThrough(canvas, edges.stack.upper, d->style.lineWidth);
 }
 

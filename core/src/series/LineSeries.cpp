@@ -4,6 +4,7 @@
 #include "BandFill.h"
 #include "MarkerOutline.h"
 #include "NearestPoint.h"
+#include "SideView.h"
 #include "SortedReduction.h"
 
 #include "data/SampleStore.h"
@@ -69,6 +70,7 @@ void LineSeries::Private::drawFill(Canvas& canvas) const {
     // What no scale can place ends at the edge.
     const double level = fill->baseline.value_or(std::numeric_limits<double>::quiet_NaN());
     fillBetween(canvas, samples, level, thinned(canvas.look().color, fill->opacity), steps);
+    drawBaseline(canvas, SideView(canvas, Orientation::Vertical), level);
 }
 
 void LineSeries::Private::drawMarkers(Canvas& canvas) const {

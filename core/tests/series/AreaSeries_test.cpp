@@ -30,7 +30,8 @@ TEST(AreaSeries, EndsAtItsBaselineOnEitherSide) {
     Stage stage;
     AreaSeries area({0.0, 10.0}, {10.0, 0.0});
     EXPECT_TRUE(area.setStyle({.baseline = 5.0, .lineWidth = 0.0, .opacity = 1.0}));
-    EXPECT_EQ(stage.draw(area), "fillPolygon #0072b2 0,0 100,100 100,50 0,50\n");
+    EXPECT_EQ(stage.draw(area), "fillPolygon #0072b2 0,0 100,100 100,50 0,50\n"
+                                "fillRect 0,50 100x1 #666666\n");
     EXPECT_FALSE(area.bounds(Scale(), Scale()).yFromZero);
 }
 

@@ -432,7 +432,8 @@ TEST(LineSeries, FillsToABaselineAlongItsSteps) {
     for (const auto& c : cases) {
         Stage stage;
         series.setSteps(c.steps);
-        EXPECT_EQ(stage.draw(series), std::string("fillPolygon #0072b2 ") + c.expected);
+        EXPECT_EQ(stage.draw(series), std::string("fillPolygon #0072b2 ") + c.expected +
+                                          "fillRect 0,90 100x1 #666666\n");
     }
 }
 
