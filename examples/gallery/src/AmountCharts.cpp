@@ -43,13 +43,20 @@ std::shared_ptr<Plot> stackedBars() {
     plot->axis(2).setGridVisible(false);
     plot->axis(0).setTitle("Energy (kWh)");
     const auto month = spaced(0.0, 11.0, 12);
-    const auto bars = [&](std::vector<double> energy, const char* name) {
-        return plot->add<BarSeries>(month, std::move(energy), name);
+    const auto& colors = plot->theme().cycle;
+    const auto bars = [&](std::vector<double> energy, const char* name, const Color& color) {
+        const auto series = plot->add<BarSeries>(month, std::move(energy), name);
+        series->setColor(color);
+        return series;
     };
-    const auto grid = bars({415, 340, 245, 140, 75, 48, 52, 66, 120, 230, 350, 430}, "grid");
-    const auto roof = bars({52, 88, 160, 205, 232, 246, 251, 228, 184, 118, 63, 44}, "roof");
-    const auto battery = bars({8, 17, 44, 71, 88, 95, 97, 90, 66, 31, 11, 6}, "battery");
-    const auto sold = bars({0, -6, -48, -121, -190, -232, -240, -181, -92, -24, -2, 0}, "sold");
+    // From top to bottom, as the legend should tell them.
+    const auto battery = bars({8, 17, 44, 71, 88, 95, 97, 90, 66, 31, 11, 6}, "battery", colors[2]);
+    const auto roof =
+        bars({52, 88, 160, 205, 232, 246, 251, 228, 184, 118, 63, 44}, "roof", colors[4]);
+    const auto grid =
+        bars({415, 340, 245, 140, 75, 48, 52, 66, 120, 230, 350, 430}, "grid", colors[0]);
+    const auto sold =
+        bars({0, -6, -48, -121, -190, -232, -240, -181, -92, -24, -2, 0}, "sold", colors[3]);
     roof->stackOn(*grid);
     battery->stackOn(*roof);
     sold->stackOn(*battery);
@@ -90,6 +97,54 @@ std::shared_ptr<Plot> area() {
         flow.push_back(1.1 + melt * (1.0 + 0.08 * noise.normal()) + storm);
     }
     plot->add<AreaSeries>(time, flow)->setStyle({.lineWidth = 1.25});
+    return plot;
+}
+
+std::shared_ptr<Plot> stackedAreas() {
+    auto plot = std::make_shared<Plot>();
+    plot->setTitle("Where a summer day's power comes from");
+    plot->axis(2).setScale(Scale::time());
+    plot->axis(0).setTitle("Power (GW)");
+    const double midnight = 1720569600.0;
+    const double day = 86400.0;
+    plot->axis(2).setRange(midnight, midnight + day);
+    const auto time = spaced(midnight, midnight + day, 97);
+    const auto hour = spaced(0.0, 24.0, 97);
+    const auto bump = [](double t, double middle, double width) {
+        return std::exp(-std::pow((t - middle) / width, 2.0));
+    };
+    const auto sun = [](double t) {
+        return 19.0 * std::pow(std::max(std::sin((t - 5.0) * 0.196349541), 0.0), 1.6);
+    };
+    const auto wind = [](double t) {
+        return 6.5 + 2.4 * std::sin(t * 0.34 + 0.6) + 0.5 * std::sin(t * 1.3);
+    };
+    const auto water = [&](double t) {
+        return 4.0 + 2.2 * bump(t, 7.5, 1.8) + 4.2 * bump(t, 20.0, 2.2);
+    };
+    const auto gas = [&](double t) {
+        const double need =
+            31.0 - 8.0 * bump(t, 3.0, 4.0) + 7.0 * bump(t, 12.0, 5.0) + 6.0 * bump(t, 19.5, 2.8);
+        return std::max(need - 8.0 - sun(t) - wind(t) - water(t), 1.5);
+    };
+    const auto& colors = plot->theme().cycle;
+    // From top to bottom, as the legend should tell them.
+    const auto add = [&](const char* name, const Color& color, const auto& power) {
+        const auto series = plot->add<AreaSeries>(time, mapped(hour, power), name);
+        series->setStyle({.lineWidth = 1.0, .opacity = 0.75});
+        series->setColor(color);
+        return series;
+    };
+    const auto sunArea = add("sun", colors[4], sun);
+    const auto windArea = add("wind", colors[5], wind);
+    const auto gasArea = add("gas", colors[7], gas);
+    const auto waterArea = add("water", colors[0], water);
+    const auto woodArea = add("wood", colors[2], [](double) { return 8.0; });
+    waterArea->stackOn(*woodArea);
+    gasArea->stackOn(*waterArea);
+    windArea->stackOn(*gasArea);
+    sunArea->stackOn(*windArea);
+    plot->legend().setPosition(LegendPosition::OutsideRight);
     return plot;
 }
 
@@ -182,6 +237,7 @@ Chapter amountCharts() {
                 {"bar-stacked", "Bars on each other", stackedBars},
                 {"bar-horizontal", "Lying bars", lyingBars},
                 {"area", "Area", area},
+                {"area-stacked", "Areas on each other", stackedAreas},
                 {"band", "Bands around a line", band},
                 {"stem", "Stems", stem},
                 {"candlestick", "Candlesticks", candlestick},

@@ -4,8 +4,8 @@
 namespace gallery {
 
 std::vector<Chapter> chapters() {
-    return {lineCharts(),       amountCharts(), statisticsCharts(), fieldCharts(),
-            annotationCharts(), scaleCharts(),  themeCharts()};
+    return {lineCharts(),  pointCharts(),      amountCharts(), statisticsCharts(),
+            fieldCharts(), annotationCharts(), scaleCharts(),  themeCharts()};
 }
 
 } // namespace gallery

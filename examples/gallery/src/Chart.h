@@ -24,6 +24,7 @@ struct Chapter {
 
 // One function for each source with charts.
 Chapter lineCharts();
+Chapter pointCharts();
 Chapter amountCharts();
 Chapter statisticsCharts();
 Chapter fieldCharts();

@@ -80,7 +80,10 @@ std::shared_ptr<Plot> contourLines() {
     for (int level = 50; level <= 900; level += 50)
         levels.push_back(level);
     series->setLevels(levels);
-    series->setColorScale(colored(ColorMap::cividis(), "Height (m)"));
+    // Without the lightest colours, which thin lines on white would be lost in.
+    ColorScale colors = colored(ColorMap::viridis(), "Height (m)");
+    colors.setRange(0.0, 1100.0);
+    series->setColorScale(colors);
     return plot;
 }
 

@@ -29,31 +29,54 @@ std::shared_ptr<Plot> line() {
     return plot;
 }
 
-std::shared_ptr<Plot> scatter() {
+std::shared_ptr<Plot> markers() {
     auto plot = std::make_shared<Plot>();
-    plot->setTitle("Petals of three species");
-    plot->axis(2).setTitle("Length (cm)");
-    plot->axis(0).setTitle("Width (cm)");
-    Noise noise(11);
-    const auto cluster = [&](double length, double width, double slope, const char* name) {
-        std::vector<double> x;
-        std::vector<double> y;
-        for (int i = 0; i < 60; ++i) {
-            const double along = noise.normal();
-            x.push_back(length + 0.45 * along);
-            y.push_back(width + slope * along + 0.12 * noise.normal());
-        }
-        plot->add<ScatterSeries>(x, y, name);
+    plot->setTitle("What cold does to a battery");
+    plot->setSubtitle("Capacity left after full cycles");
+    plot->axis(2).setTitle("Cycles");
+    plot->axis(0).setTitle("Capacity (%)");
+    Noise noise(12);
+    const auto cycles = spaced(0.0, 1200.0, 13);
+    const auto add = [&](const char* name, double loss, double knee, MarkerShape shape) {
+        const auto capacity = mapped(cycles, [&](double n) {
+            const double late = std::exp((n - knee) / 180.0);
+            return 100.0 - loss * std::sqrt(n / 100.0) - late +
+                   (n > 0.0 ? 0.25 * noise.normal() : std::exp(-knee / 180.0));
+        });
+        const auto series = plot->add<LineSeries>(cycles, capacity, name);
+        series->setMarkerShape(shape);
+        series->setMarkerSize(7.5);
     };
-    cluster(1.6, 0.4, 0.03, "setosa");
-    cluster(4.2, 1.35, 0.14, "versicolor");
-    cluster(5.7, 2.1, 0.11, "virginica");
+    add("25 °C", 2.0, 1100.0, MarkerShape::Circle);
+    add("5 °C", 3.4, 880.0, MarkerShape::Square);
+    add("−15 °C", 5.2, 640.0, MarkerShape::TriangleUp);
+    plot->legend().setPosition(LegendPosition::BottomLeft);
+    return plot;
+}
+
+std::shared_ptr<Plot> steps() {
+    auto plot = std::make_shared<Plot>();
+    plot->setTitle("A windy Sunday");
+    plot->setSubtitle("Price of electricity by the hour, below zero at noon");
+    plot->axis(2).setScale(Scale::time());
+    plot->axis(0).setTitle("Price (€/MWh)");
+    const double midnight = 1714262400.0;
+    const double day = 86400.0;
+    plot->axis(2).setRange(midnight, midnight + day);
+    const auto series = plot->add<LineSeries>(
+        spaced(midnight, midnight + day, 25),
+        std::vector<double>{42,  38,  35, 33, 31, 34, 41, 48, 45, 31, 12, -6, -18,
+                            -25, -21, -9, 8,  36, 67, 88, 94, 81, 66, 53, 53});
+    series->setSteps(LineSteps::After);
+    series->setFill(LineFill{});
+    series->setWidth(2.0);
     return plot;
 }
 
 std::shared_ptr<Plot> manyLines() {
     auto plot = std::make_shared<Plot>();
     plot->setTitle("Two hundred forecasts and what came");
+    plot->setSubtitle("Each thin line is one of them");
     plot->axis(2).setTitle("Day");
     plot->axis(0).setTitle("Level (m)");
     const auto day = spaced(0.0, 90.0, 181);
@@ -78,21 +101,22 @@ std::shared_ptr<Plot> manyLines() {
 std::shared_ptr<Plot> gaps() {
     auto plot = std::make_shared<Plot>();
     plot->setTitle("A sensor that falls silent");
-    plot->axis(2).setTitle("Hour");
+    plot->axis(2).setScale(Scale::time());
     plot->axis(0).setTitle("Temperature (°C)");
     const auto hour = spaced(0.0, 48.0, 289);
-    const auto air = [](double t) { return 14.0 - 5.0 * std::cos(t * 0.2617993878); };
+    const auto time = mapped(hour, [](double h) { return 1714521600.0 + 3600.0 * h; });
+    const auto air = [](double h) { return 14.0 - 5.0 * std::cos((h - 3.0) * 0.2617993878); };
     auto measured = mapped(hour, air);
     Noise noise(3);
     for (std::size_t i = 0; i < measured.size(); ++i) {
         measured[i] += 0.35 * noise.normal();
-        const double t = hour[i];
-        if ((t > 9.0 && t < 14.0) || (t > 27.0 && t < 29.0) || (t > 38.0 && t < 38.8))
+        const double h = hour[i];
+        if ((h > 9.0 && h < 14.0) || (h > 27.0 && h < 29.0) || (h > 38.0 && h < 38.8))
             measured[i] = std::numeric_limits<double>::quiet_NaN();
     }
-    const auto model = plot->add<LineSeries>(hour, mapped(hour, air), "model");
+    const auto model = plot->add<LineSeries>(time, mapped(hour, air), "model");
     model->setStyle(PenStyle::Dash);
-    plot->add<LineSeries>(hour, measured, "measured");
+    plot->add<LineSeries>(time, measured, "measured");
     plot->legend().setPosition(LegendPosition::OutsideTop);
     return plot;
 }
@@ -115,10 +139,11 @@ std::shared_ptr<Plot> functions() {
 } // namespace
 
 Chapter lineCharts() {
-    return {"Lines and points",
+    return {"Lines",
             {
                 {"line", "Lines", line},
-                {"scatter", "Scatter", scatter},
+                {"line-markers", "Lines with markers", markers},
+                {"line-steps", "Steps with a fill", steps},
                 {"many-lines", "Many lines", manyLines},
                 {"function", "Functions", functions},
                 {"gaps", "Gaps where a sample is missing", gaps},

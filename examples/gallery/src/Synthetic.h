@@ -24,11 +24,11 @@ private:
 std::vector<double> spaced(double first, double last, int count);
 
 /// `function` of every value.
-template <class Function>
-std::vector<double> mapped(const std::vector<double>& values, Function function) {
+template <class Value, class Function>
+std::vector<double> mapped(const std::vector<Value>& values, Function function) {
     std::vector<double> result;
     result.reserve(values.size());
-    for (const double value : values)
+    for (const Value& value : values)
         result.push_back(function(value));
     return result;
 }
