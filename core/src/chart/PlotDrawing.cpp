@@ -125,7 +125,9 @@ AxisPlace PlotDrawing::placeOf(int id) const {
 }
 
 void PlotDrawing::drawAxis(const AxisPlace& place, const std::string& title) {
-    const auto& [axis, edge, outward] = place;
+    const AxisLayout& axis = place.axis;
+    const double edge = place.edge;
+    const double outward = place.outward;
     const Rect& c = layout.canvas;
     painter.setPen(Pen(theme.axisLine, theme.axisLineWidth));
     if (axis.horizontal)

@@ -30,11 +30,6 @@ constexpr double legendMargin = 8.0;
 /// What is left out, step by step, where room is short.
 enum class Detail { Full, TitleOnly, NoTitles, NoLabels };
 
-Rect inside(const Margins& m, double width, double height) {
-    return {m.left, m.top, std::max(width - m.left - m.right, 0.0),
-            std::max(height - m.top - m.bottom, 0.0)};
-}
-
 TextBlock block(const std::string& text, const Font& font, double width, std::size_t mostLines,
                 double& y, TextMeasure& measure) {
     TextBlock result;
@@ -106,133 +101,201 @@ LegendPosition placeOfLegend(const CoveragePainter& coverage, const PlotLayout& 
     return best;
 }
 
-AxisRequest requestOf(const auto& axis) {
-    return {axis.revision, axis.range->step, &axis.numberFormat, true};
-}
-
 } // namespace
 
-PlotLayout Plot::Private::layOut(double width, double height, const Margins& least) {
-    if (memory.width != width || memory.height != height)
-        memory = {width, height, {}, {}, std::nullopt};
-    const LegendPosition position =
-        legend.position() == LegendPosition::Automatic && memory.legendPosition
-            ? *memory.legendPosition
-            : legend.position();
+/// One try at a layout with a certain detail: takes room for one thing after the other from the
+/// edges of the picture, and leaves the rest to the canvas.
+class Plot::Private::LayoutAttempt {
+public:
+    LayoutAttempt(Plot::Private& plot, Detail detail, double width, double height);
+
+    void placeTitles();
+    void placeLegendAbove();
+    void placeAxes();
+    void placeColorBars();
+    void placeLegendBeside();
+    /// What is left, with margins of at least `least`.
+    void placeCanvas(const Margins& least);
+    void placeLegendInside();
+    /// Gives everything along the canvas its final extent.
+    void finish();
 
     PlotLayout layout;
-    for (const Detail detail :
-         {Detail::Full, Detail::TitleOnly, Detail::NoTitles, Detail::NoLabels}) {
-        layout = PlotLayout();
-        layout.width = width;
-        layout.height = height;
-        layout.hasAxisTitles = detail == Detail::Full;
-        layout.hasTickLabels = detail != Detail::NoLabels;
-        layout.legendPosition = position;
-        const auto hasTitle = [&](int id) {
-            return layout.hasAxisTitles && !axis(id).title.empty();
-        };
-        const auto enabled = [&](int id) { return layout.hasTickLabels && axis(id).enabled; };
 
-        Margins margins{pad, pad, pad, pad};
-        if (!layout.hasTickLabels)
-            margins = {std::min(2.0, 0.25 * width), std::min(2.0, 0.25 * height),
-                       std::min(2.0, 0.25 * width), std::min(2.0, 0.25 * height)};
-        if (detail <= Detail::TitleOnly && !title.empty()) {
-            layout.title = block(title, theme.titleFont, width, detail == Detail::Full ? 3 : 1,
-                                 margins.top, measure);
-            margins.top += 0.25 * theme.titleFont.pixelSize();
-        }
-        if (detail == Detail::Full && !subtitle.empty())
-            layout.subtitle = block(subtitle, theme.subtitleFont, width, 2, margins.top, measure);
-        const auto names = legendNames();
-        const bool hasLegend =
-            detail == Detail::Full && legend.isVisibleFor(static_cast<int>(names.size()));
-        double legendTop = 0.0;
-        if (hasLegend && position == LegendPosition::OutsideTop) {
-            layout.legend = layoutLegendRows(names, width - 2.0 * pad, 3, theme, measure);
-            legendTop = margins.top + 0.25 * theme.legendFont.pixelSize();
-            margins.top = legendTop + layout.legend.height;
-        }
-        // The uppermost label of a vertical axis reaches over the canvas, as does its offset.
-        if (enabled(0) || enabled(1))
-            margins.top += lineHeight(theme.tickFont) + 2.0;
-        for (const int id : {2, 3})
-            if (enabled(id))
-                (id == 2 ? margins.bottom : margins.top) =
-                    (id == 2 ? 0.0 : margins.top) +
-                    horizontalAxisRoom(axis(id).currentScale(), hasTitle(id), theme);
-
-        for (const int id : {0, 1}) {
-            if (!enabled(id))
-                continue;
-            auto& made = layout.axes[static_cast<std::size_t>(id)];
-            made = layoutAxis(requestOf(axis(id)), mapOver(id, inside(margins, width, height)),
-                              false, theme, measure, memory.axes[static_cast<std::size_t>(id)]);
-            (id == 0 ? margins.left : margins.right) = verticalAxisRoom(*made, hasTitle(id), theme);
-        }
-        // Half of the outermost label of a horizontal axis reaches over the canvas.
-        if ((enabled(2) || enabled(3)) && !enabled(1))
-            margins.right += theme.tickFont.pixelSize();
-        if ((enabled(2) || enabled(3)) && !enabled(0))
-            margins.left += theme.tickFont.pixelSize();
-        const Rect provisional = inside(margins, width, height);
-        if (detail == Detail::Full)
-            layout.colorBars = layOutColorBars(provisional, mostForColorBars * width);
-        for (const ColorBar& bar : layout.colorBars)
-            margins.right += colorBarRoom(bar, theme);
-        if (hasLegend && position == LegendPosition::OutsideRight) {
-            layout.legend =
-                layoutLegendColumn(names, 0.35 * width, provisional.height, theme, measure);
-            if (!layout.legend.entries.empty())
-                margins.right += layout.legend.width + titleGap;
-        }
-
-        margins = {std::max(margins.left, least.left), std::max(margins.top, least.top),
-                   std::max(margins.right, least.right), std::max(margins.bottom, least.bottom)};
-        // Whole pixels keep the canvas' edges crisp.
-        const double left = std::min(std::ceil(margins.left), width);
-        const double top = std::min(std::ceil(margins.top), height);
-        layout.canvas = {left, top, std::max(width - left - std::ceil(margins.right), 0.0),
-                         std::max(height - top - std::ceil(margins.bottom), 0.0)};
-        if (detail != Detail::NoLabels &&
-            std::min(layout.canvas.width, layout.canvas.height) < smallestCanvas)
-            continue;
-
-        if (hasLegend && position == LegendPosition::OutsideTop)
-            layout.legendCorner = {pad, std::round(legendTop)};
-        else if (hasLegend && position == LegendPosition::OutsideRight)
-            layout.legendCorner = {width - titleGap - layout.legend.width, layout.canvas.top()};
-        else if (hasLegend) {
-            layout.legend = layoutLegendColumn(names, 0.6 * layout.canvas.width,
-                                               0.8 * layout.canvas.height, theme, measure);
-            layout.legendCorner = cornerOf(position, layout);
-        }
-        break;
+private:
+    bool hasLabels(int id) const { return layout.hasTickLabels && plot.axis(id).enabled; }
+    bool hasTitle(int id) const { return layout.hasAxisTitles && !plot.axis(id).title.empty(); }
+    bool hasLegendAt(LegendPosition position) const {
+        return hasLegend && layout.legendPosition == position;
     }
+    Rect rest() const;
+    AxisLayout axisOver(int id, const Rect& area);
 
-    for (int id = 0; id < axisCount; ++id) {
-        if (!axis(id).enabled)
+    Plot::Private& plot;
+    const Theme& theme;
+    TextMeasure& measure;
+    const Detail detail;
+    Margins margins{pad, pad, pad, pad};
+    std::vector<LegendName> names;
+    bool hasLegend = false;
+};
+
+Plot::Private::LayoutAttempt::LayoutAttempt(Plot::Private& plot, Detail detail, double width,
+                                            double height)
+    : plot(plot), theme(plot.theme), measure(plot.measure), detail(detail) {
+    layout.width = width;
+    layout.height = height;
+    layout.hasAxisTitles = detail == Detail::Full;
+    layout.hasTickLabels = detail != Detail::NoLabels;
+    layout.legendPosition = plot.legend.position();
+    if (layout.legendPosition == LegendPosition::Automatic && plot.memory.legendPosition)
+        layout.legendPosition = *plot.memory.legendPosition;
+    names = plot.legendNames();
+    hasLegend = detail == Detail::Full && plot.legend.isVisibleFor(static_cast<int>(names.size()));
+    if (!layout.hasTickLabels) {
+        const double x = std::min(2.0, 0.25 * width);
+        const double y = std::min(2.0, 0.25 * height);
+        margins = {x, y, x, y};
+    }
+}
+
+Rect Plot::Private::LayoutAttempt::rest() const {
+    return {margins.left, margins.top, std::max(layout.width - margins.left - margins.right, 0.0),
+            std::max(layout.height - margins.top - margins.bottom, 0.0)};
+}
+
+AxisLayout Plot::Private::LayoutAttempt::axisOver(int id, const Rect& area) {
+    const Axis::Private& axis = plot.axis(id);
+    return layoutAxis({axis.revision, axis.range->step, &axis.numberFormat, true},
+                      plot.mapOver(id, area), isHorizontalAxis(id), theme, measure,
+                      plot.memory.axes[static_cast<std::size_t>(id)]);
+}
+
+void Plot::Private::LayoutAttempt::placeTitles() {
+    if (detail <= Detail::TitleOnly && !plot.title.empty()) {
+        layout.title = block(plot.title, theme.titleFont, layout.width,
+                             detail == Detail::Full ? 3 : 1, margins.top, measure);
+        margins.top += 0.25 * theme.titleFont.pixelSize();
+    }
+    if (detail == Detail::Full && !plot.subtitle.empty())
+        layout.subtitle =
+            block(plot.subtitle, theme.subtitleFont, layout.width, 2, margins.top, measure);
+}
+
+void Plot::Private::LayoutAttempt::placeLegendAbove() {
+    if (!hasLegendAt(LegendPosition::OutsideTop))
+        return;
+    layout.legend = layoutLegendRows(names, layout.width - 2.0 * pad, 3, theme, measure);
+    const double top = margins.top + 0.25 * theme.legendFont.pixelSize();
+    layout.legendCorner = {pad, std::round(top)};
+    margins.top = top + layout.legend.height;
+}
+
+void Plot::Private::LayoutAttempt::placeAxes() {
+    // The uppermost label of a vertical axis reaches over the canvas, as does its offset.
+    if (hasLabels(0) || hasLabels(1))
+        margins.top += lineHeight(theme.tickFont) + 2.0;
+    const auto roomOf = [&](int id) {
+        return horizontalAxisRoom(plot.axis(id).currentScale(), hasTitle(id), theme);
+    };
+    if (hasLabels(2))
+        margins.bottom = roomOf(2);
+    if (hasLabels(3))
+        margins.top += roomOf(3);
+    for (const int id : {0, 1}) {
+        if (!hasLabels(id))
             continue;
-        const auto index = static_cast<std::size_t>(id);
-        if (isHorizontalAxis(id) || !layout.axes[index])
-            layout.axes[index] =
-                layoutAxis(requestOf(axis(id)), mapOver(id, layout.canvas), isHorizontalAxis(id),
-                           theme, measure, memory.axes[index]);
+        auto& axis = layout.axes[static_cast<std::size_t>(id)];
+        axis = axisOver(id, rest());
+        (id == 0 ? margins.left : margins.right) = verticalAxisRoom(*axis, hasTitle(id), theme);
+    }
+    // Half of the outermost label of a horizontal axis reaches over the canvas.
+    if ((hasLabels(2) || hasLabels(3)) && !hasLabels(1))
+        margins.right += theme.tickFont.pixelSize();
+    if ((hasLabels(2) || hasLabels(3)) && !hasLabels(0))
+        margins.left += theme.tickFont.pixelSize();
+}
+
+void Plot::Private::LayoutAttempt::placeColorBars() {
+    if (detail != Detail::Full)
+        return;
+    layout.colorBars = plot.layOutColorBars(rest(), mostForColorBars * layout.width);
+    for (const ColorBar& bar : layout.colorBars)
+        margins.right += colorBarRoom(bar, theme);
+}
+
+void Plot::Private::LayoutAttempt::placeLegendBeside() {
+    if (!hasLegendAt(LegendPosition::OutsideRight))
+        return;
+    layout.legend = layoutLegendColumn(names, 0.35 * layout.width, rest().height, theme, measure);
+    if (!layout.legend.entries.empty())
+        margins.right += layout.legend.width + titleGap;
+}
+
+void Plot::Private::LayoutAttempt::placeCanvas(const Margins& least) {
+    margins = {std::max(margins.left, least.left), std::max(margins.top, least.top),
+               std::max(margins.right, least.right), std::max(margins.bottom, least.bottom)};
+    // Whole pixels keep the canvas' edges crisp.
+    const double left = std::min(std::ceil(margins.left), layout.width);
+    const double top = std::min(std::ceil(margins.top), layout.height);
+    layout.canvas = {left, top, std::max(layout.width - left - std::ceil(margins.right), 0.0),
+                     std::max(layout.height - top - std::ceil(margins.bottom), 0.0)};
+    if (hasLegendAt(LegendPosition::OutsideRight))
+        layout.legendCorner = {layout.width - titleGap - layout.legend.width, top};
+}
+
+void Plot::Private::LayoutAttempt::placeLegendInside() {
+    if (!hasLegend || hasLegendAt(LegendPosition::OutsideRight) ||
+        hasLegendAt(LegendPosition::OutsideTop))
+        return;
+    layout.legend = layoutLegendColumn(names, 0.6 * layout.canvas.width, 0.8 * layout.canvas.height,
+                                       theme, measure);
+    layout.legendCorner = cornerOf(layout.legendPosition, layout);
+}
+
+void Plot::Private::LayoutAttempt::finish() {
+    for (int id = 0; id < axisCount; ++id) {
+        if (!plot.axis(id).enabled)
+            continue;
+        auto& axis = layout.axes[static_cast<std::size_t>(id)];
+        if (isHorizontalAxis(id) || !axis)
+            axis = axisOver(id, layout.canvas);
         else
-            layout.axes[index]->map = mapOver(id, layout.canvas);
+            axis->map = plot.mapOver(id, layout.canvas);
     }
     double x = layout.canvas.right();
-    if (layout.hasTickLabels && axis(1).enabled)
-        x += verticalAxisRoom(*layout.axes[1], layout.hasAxisTitles && !axis(1).title.empty(),
-                              theme);
+    if (hasLabels(1))
+        x += verticalAxisRoom(*layout.axes[1], hasTitle(1), theme);
     for (ColorBar& bar : layout.colorBars) {
         bar.strip = {std::ceil(x + colorBarGap), layout.canvas.top(), colorBarWidth,
                      layout.canvas.height};
         bar.axis.map = mapOf(*bar.colors, bar.strip);
         x += colorBarRoom(bar, theme);
     }
-    return layout;
+}
+
+PlotLayout Plot::Private::layOut(double width, double height, const Margins& least) {
+    if (memory.width != width || memory.height != height)
+        memory = {width, height, {}, {}, std::nullopt};
+    for (const Detail detail : {Detail::Full, Detail::TitleOnly, Detail::NoTitles}) {
+        LayoutAttempt attempt(*this, detail, width, height);
+        attempt.placeTitles();
+        attempt.placeLegendAbove();
+        attempt.placeAxes();
+        attempt.placeColorBars();
+        attempt.placeLegendBeside();
+        attempt.placeCanvas(least);
+        const Rect& canvas = attempt.layout.canvas;
+        if (std::min(canvas.width, canvas.height) < smallestCanvas)
+            continue;
+        attempt.placeLegendInside();
+        attempt.finish();
+        return attempt.layout;
+    }
+    LayoutAttempt bare(*this, Detail::NoLabels, width, height);
+    bare.placeCanvas(least);
+    bare.finish();
+    return bare.layout;
 }
 
 std::vector<ColorBar> Plot::Private::layOutColorBars(const Rect& area, double room) {

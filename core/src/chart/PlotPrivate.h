@@ -76,6 +76,8 @@ constexpr int primaryOf(int axis) {
 }
 
 struct Plot::Private {
+    class LayoutAttempt;
+
     Private();
 
     Axis::Private& axis(int id) { return *axes[static_cast<std::size_t>(id)].d; }
