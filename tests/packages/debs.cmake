@@ -98,6 +98,7 @@ if(has_reference)
 endif()
 check_files(zembra-doc "usr/share/doc/zembra-doc/[A-Za-z-]*\\.md"
     "usr/share/doc/zembra-doc/migration/[a-z-]*\\.md"
+    "usr/share/doc/zembra-doc/gallery/[a-z-]*\\.png"
     "usr/share/doc/zembra-doc/examples/.*" ${reference})
 check_control(zembra-doc "Architecture: all")
 
