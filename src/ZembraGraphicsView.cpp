@@ -95,7 +95,11 @@ ZembraGraphicsView::ZembraGraphicsView(QWidget* parent)
     connect(d->item, &ZembraGraphicsItem::plotUpdated, this, &ZembraGraphicsView::plotUpdated);
 }
 
-ZembraGraphicsView::~ZembraGraphicsView() = default;
+ZembraGraphicsView::~ZembraGraphicsView() {
+    // Otherwise the base class lets go of the focus, and tells hosts of it whose guarded pointers
+    // still lead to the view, when there is no view any more.
+    clearFocus();
+}
 
 void ZembraGraphicsView::createRubberBand() {
     delete d->rubberBand.data();

@@ -5,6 +5,7 @@
 #include <ZembraNavigationController.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QCursor>
 #include <QGridLayout>
@@ -249,6 +250,15 @@ ZembraNavigationWidget::ZembraNavigationWidget(QWidget* parent)
 }
 
 ZembraNavigationWidget::~ZembraNavigationWidget() {
+    // Otherwise a child lets go of the focus, and tells hosts of it whose guarded pointers still
+    // lead to the strip, when there is no strip any more.
+    QWidget* const focused = QApplication::focusWidget();
+    for (const QWidget* widget = focused; widget; widget = widget->parentWidget()) {
+        if (widget == this) {
+            focused->clearFocus();
+            break;
+        }
+    }
     // A view or controller that is a child of the strip outlives this destructor's body.
     disconnect(d->modeChangedConnection);
     disconnect(d->profileChangedConnection);

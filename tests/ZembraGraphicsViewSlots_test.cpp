@@ -28,6 +28,7 @@ struct Gesture {
 struct Deed {
     const char* name;
     std::function<void(const View&)> act;
+    bool deletes = false;
 };
 
 // Calls back whenever the signal of that name is emitted by the view, its controller or item.
@@ -117,13 +118,29 @@ const QList<Gesture>& gestures() {
              view.applyBoxZoom(view.canvasSceneRect().adjusted(20, 20, -20, -20));
          }},
         {"mode", [](auto& view, const QPointF&) { enterBoxZoom(view); }},
+        {"profile",
+         [](auto& view, const QPointF&) {
+             view.navigationController()->setControlProfile(
+                 zembra::NavigationControlProfile::ControlPointEditing);
+         }},
     };
     return all;
 }
 
 const QList<Deed>& deeds() {
     static const QList<Deed> all{
-        {"deletes the view", [](const View& view) { delete view.data(); }},
+        {"deletes the view", [](const View& view) { delete view.data(); }, true},
+        {"deletes the window",
+         [](const View& view) {
+             auto* window = new QWidget;
+             view->setParent(window);
+             delete window;
+         },
+         true},
+        {"zooms", [](const View& view) { view->zoomIn(); }},
+        {"resets", [](const View& view) { view->resetZoom(); }},
+        {"drags", [](const View& view) { drag(*view, QPointF(150, 120), QPointF(30, 20)); }},
+        {"runs the event loop", [](const View&) { QCoreApplication::processEvents(); }},
         {"sets another plot", [](const View& view) { view->setPlot(makePlot()); }},
         {"takes the plot away", [](const View& view) { view->setPlot(nullptr); }},
         {"changes the mode",
@@ -165,6 +182,7 @@ const QList<Source>& sources() {
                &Controller::resetViewToDataRequested),
         source("controller interactionModeChanged", controller,
                &Controller::interactionModeChanged),
+        source("controller controlProfileChanged", controller, &Controller::controlProfileChanged),
         source("item plotUpdated", item, &ZembraGraphicsItem::plotUpdated),
     };
     return all;
@@ -215,7 +233,7 @@ private Q_SLOTS:
             });
             gesture.make(*view, view->canvasSceneRect().center().toPoint());
             connected.reset();
-            QCOMPARE(!view, acted && deed == 0);
+            QCOMPARE(!view, acted && deeds().at(deed).deletes);
             if (!view)
                 continue;
             // Whatever happened, the view goes on working.

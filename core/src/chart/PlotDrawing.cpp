@@ -145,7 +145,8 @@ void PlotDrawing::drawAxis(const AxisPlace& place, const std::string& title) {
     const double below = baselineBelowMiddle(theme.tickFont);
     const double titleBelow = baselineBelowMiddle(theme.axisTitleFont);
     if (axis.horizontal) {
-        const auto lineMiddle = [&](double index) {
+        // Named anew, because not every compiler captures structured bindings.
+        const auto lineMiddle = [&, edge = edge, outward = outward](double index) {
             return edge + outward * (tickLength + labelGap + (index + 0.5) * line);
         };
         const double second = std::round(lineMiddle(1.0) + below);
