@@ -132,6 +132,9 @@ private:
     }
 
     void requireCleanCells() const {
+        // A row that goes wrong while others come is a gap.
+        if (options.follow)
+            return;
         if (result.x && kind(*result.x) != ColumnKind::Word)
             requireClean(*result.x);
         for (const DrawnColumn& drawn : result.y)
@@ -175,6 +178,9 @@ private:
 
     // Long form: the same x comes back for another word, and only once for each.
     void guessGrouping() {
+        // What repeats so far tells nothing about the rows to come.
+        if (options.follow)
+            return;
         if (!result.x || kind(*result.x) == ColumnKind::Word ||
             isStrictlyIncreasing(column(*result.x).values))
             return;
@@ -206,7 +212,7 @@ private:
 
     // A grid of positions with values: a map says more than lines over one of its sides.
     void choosePositions() {
-        if (options.kind || options.x || options.by || !options.y.empty() ||
+        if (options.kind || options.follow || options.x || options.by || !options.y.empty() ||
             result.grouping != Grouping::None || !result.x ||
             kind(*result.x) != ColumnKind::Number || result.y.size() < 2)
             return;

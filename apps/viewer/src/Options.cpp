@@ -17,6 +17,7 @@ namespace {
 constexpr int smallestSide = 16;
 constexpr int leastResolution = 24;
 constexpr int mostResolution = 2400;
+constexpr std::size_t mostLast = 100'000'000;
 
 std::vector<std::string> splitNames(const std::string& text) {
     std::vector<std::string> names;
@@ -62,6 +63,14 @@ void requirePossibleSize(const Options& options) {
                       " pixels to a side");
 }
 
+void readLast(const std::string& text, Options& options) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), options.last);
+    if (error != std::errc() || end != text.data() + text.size() || options.last < 2 ||
+        options.last > mostLast)
+        throw Failure("--last " + text + ": not a number of rows from 2 to " +
+                      std::to_string(mostLast));
+}
+
 void addExport(const std::string& path, Options& options) {
     if (!pictureKind(path))
         throw Failure("--export " + path + ": the file name has to end in .png, .svg or .pdf");
@@ -89,6 +98,7 @@ using Setter = std::function<void(Options&, const std::string&)>;
 const std::map<std::string, Flag, std::less<>>& flags() {
     static const std::map<std::string, Flag, std::less<>> all = {
         {"--scatter", [](Options& o) { setKind(ChartKind::Scatter, o); }},
+        {"--follow", [](Options& o) { o.follow = true; }},
         {"--log-x", [](Options& o) { o.logX = true; }},
         {"--log-y", [](Options& o) { o.logY = true; }},
         {"--help", [](Options& o) { o.help = true; }},
@@ -106,6 +116,7 @@ const std::map<std::string, Setter, std::less<>>& setters() {
         {"--title", [](Options& o, const std::string& value) { o.title = value; }},
         {"--size", [](Options& o, const std::string& value) { readSize(value, o); }},
         {"--resolution", [](Options& o, const std::string& value) { readResolution(value, o); }},
+        {"--last", [](Options& o, const std::string& value) { readLast(value, o); }},
         {"--export", [](Options& o, const std::string& value) { addExport(value, o); }},
         {"--y",
          [](Options& o, const std::string& value) {
@@ -144,6 +155,11 @@ void requireFittingOptions(const Options& options) {
     if (options.files.size() > 1 && !options.exports.empty())
         throw Failure("--export: one file at a time: " + options.files[0] + " or " +
                       options.files[1]);
+    if (options.follow && !canStream(options))
+        throw Failure(std::string("--follow: only lines and markers grow, without --by; ") +
+                      (options.by ? "leave --by out" : "--kind line or scatter"));
+    if (options.follow && !options.exports.empty())
+        throw Failure("--follow: needs a window; leave --export out");
     if (!options.kind)
         return;
     switch (*options.kind) {
@@ -208,10 +224,15 @@ Options parseOptions(const std::vector<std::string>& arguments) {
     return options;
 }
 
+bool canStream(const Options& options) {
+    const ChartKind kind = options.kind.value_or(ChartKind::Line);
+    return !options.by && (kind == ChartKind::Line || kind == ChartKind::Scatter);
+}
+
 std::string usage() {
     return R"(Usage: zembra-view [OPTION]... [FILE]...
-Draws CSV or TSV files, or grids of values in JSON, as charts, one tab for each. Without FILE it
-shows sample charts.
+Draws CSV or TSV files, or grids of values in JSON, as charts, one tab for each. With FILE - it
+draws what comes through standard input, as it comes. Without FILE it shows sample charts.
 
 The first column gives x when it holds dates or numbers; every other column of numbers becomes one
 line. Separator, decimal point and header are found without being told, and so are tables that hold
@@ -233,6 +254,8 @@ first.
   --scatter        short for --kind scatter
   --log-x          logarithmic horizontal axis
   --log-y          logarithmic vertical axis
+  --follow         go on drawing rows as they are added to the file
+  --last N         of a growing file or standard input keep this many rows (500000)
   --title TEXT     title of the chart
   --size WxH       size in pixels (960x600)
   --resolution N   pixels per inch of exported pixels (96): 192 draws twice as finely

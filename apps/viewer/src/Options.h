@@ -4,6 +4,7 @@
 #include "ChartKind.h"
 #include "Exporter.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,6 +24,10 @@ struct Options {
     PictureSize size;
     std::optional<std::string> title;
     std::vector<std::string> exports;
+    /// Whether rows that are added to a file later are drawn, too.
+    bool follow = false;
+    /// How many of the newest rows of a stream are kept.
+    std::size_t last = 500'000;
     bool help = false;
     bool version = false;
 };
@@ -32,6 +37,9 @@ struct Options {
 /// Errors: throws Failure for unknown options, missing or bad values, and options that exclude each
 /// other.
 Options parseOptions(const std::vector<std::string>& arguments);
+
+/// Whether rows can be added to the chart one by one: lines and markers of whole columns.
+bool canStream(const Options& options);
 
 /// The text of `--help`.
 std::string usage();

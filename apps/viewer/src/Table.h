@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ColumnTypes.h"
+#include "Dialect.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -40,6 +41,7 @@ struct Column {
 struct Table {
     /// As the user named it.
     std::string file;
+    Dialect dialect;
     bool hasHeader = false;
     std::size_t rows = 0;
     std::vector<Column> columns;

@@ -14,8 +14,10 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace viewer {
 
@@ -73,11 +75,12 @@ private:
 // Turns records into cells of columns.
 class TableBuilder {
 public:
-    TableBuilder(const std::string& file, const ColumnTypes& types, char decimalMark)
-        : decimalMark(decimalMark),
+    TableBuilder(const std::string& file, const ColumnTypes& types, const Dialect& dialect)
+        : decimalMark(dialect.decimalMark),
           wordIndexes(types.types.size()),
           headerPending(types.hasHeader) {
         table.file = file;
+        table.dialect = dialect;
         table.hasHeader = types.hasHeader;
         for (std::size_t c = 0; c < types.types.size(); ++c) {
             Column column;
@@ -116,6 +119,7 @@ public:
     }
 
     std::size_t rows() const { return table.rows; }
+    bool hasHeader() const { return table.hasHeader; }
 
     Table finish() {
         for (Column& column : table.columns) {
@@ -266,48 +270,77 @@ void takeYearsAsNumbers(ColumnTypes& types) {
     }
 }
 
+// From the first bytes of a file to the columns, and on to the last record.
+class TableStream {
+public:
+    /// `head` is the beginning of the file; `isWhole` tells that it is all of it.
+    TableStream(std::string head, const std::string& name, const ReadRequest& request, bool isWhole)
+        : name(name) {
+        checkEncoding(name, head);
+        const std::size_t comments = dropComments(head);
+        const Dialect dialect = guessDialect(head, isWhole);
+        const auto records = firstRecords(head, isWhole, dialect.separator);
+        ColumnTypes types = guessColumnTypes(records, dialect.decimalMark);
+        if (request.yearsAreNumbers)
+            takeYearsAsNumbers(types);
+        builder.emplace(name, types, dialect);
+        if (request.wordColumn)
+            builder->keepWords(*request.wordColumn);
+        reader.emplace(
+            dialect.separator, [this](const Record& record) { builder->add(record); },
+            1 + comments);
+        reader->feed(head);
+        rowsPerByte = static_cast<double>(builder->rows()) /
+                      static_cast<double>(std::max<std::size_t>(head.size(), 1));
+    }
+
+    // A little more than expected, so that the last rows do not double the memory.
+    void expect(std::int64_t bytes) {
+        builder->reserve(static_cast<std::size_t>(rowsPerByte * static_cast<double>(bytes) * 1.02));
+    }
+
+    void feed(std::string_view bytes) { reader->feed(bytes); }
+    std::size_t rows() const { return builder->rows(); }
+
+    Table finish() {
+        const std::size_t lastLine = reader->line();
+        const std::size_t lastColumn = reader->completeFields() + 1;
+        if (!reader->finish())
+            fail(name, lastLine,
+                 "column " + std::to_string(lastColumn) + ": the quote is never closed");
+        if (builder->rows() == 0)
+            fail(name, lastLine,
+                 builder->hasHeader() ? "no rows follow the header" : "the file is empty");
+        return builder->finish();
+    }
+
+private:
+    std::string name;
+    std::optional<TableBuilder> builder;
+    std::optional<CsvReader> reader;
+    double rowsPerByte = 0.0;
+};
+
 } // namespace
 
 Table readTable(const std::string& path, const ReadRequest& request, const ReadProgress& progress) {
     InputFile input(path);
     bool isWhole = false;
-    std::string head = readHead(input, isWhole);
-    checkEncoding(path, head);
-    const std::size_t comments = dropComments(head);
-
-    const Dialect dialect = guessDialect(head, isWhole);
-    const auto records = firstRecords(head, isWhole, dialect.separator);
-    ColumnTypes types = guessColumnTypes(records, dialect.decimalMark);
-    if (request.yearsAreNumbers)
-        takeYearsAsNumbers(types);
-
-    TableBuilder builder(path, types, dialect.decimalMark);
-    if (request.wordColumn)
-        builder.keepWords(*request.wordColumn);
-    CsvReader reader(
-        dialect.separator, [&builder](const Record& record) { builder.add(record); }, 1 + comments);
-    reader.feed(head);
-    if (!isWhole) {
-        const double share = static_cast<double>(builder.rows()) / static_cast<double>(head.size());
-        // A little more than expected, so that the last rows do not double the memory.
-        builder.reserve(static_cast<std::size_t>(share * static_cast<double>(input.size()) * 1.02));
-    }
-    head = {};
+    TableStream stream(readHead(input, isWhole), path, request, isWhole);
+    if (!isWhole)
+        stream.expect(input.size());
     while (!isWhole) {
         const std::string_view piece = input.read();
         isWhole = piece.empty();
-        reader.feed(piece);
-        if (!progress(input.bytes(), input.size(), builder.rows()))
+        stream.feed(piece);
+        if (progress && !progress(input.bytes(), input.size(), stream.rows()))
             throw ReadingCancelled();
     }
-    const std::size_t lastLine = reader.line();
-    const std::size_t lastColumn = reader.completeFields() + 1;
-    if (!reader.finish())
-        fail(path, lastLine,
-             "column " + std::to_string(lastColumn) + ": the quote is never closed");
-    if (builder.rows() == 0)
-        fail(path, lastLine, types.hasHeader ? "no rows follow the header" : "the file is empty");
-    return builder.finish();
+    return stream.finish();
+}
+
+Table parseTable(std::string text, const std::string& name, const ReadRequest& request) {
+    return TableStream(std::move(text), name, request, true).finish();
 }
 
 } // namespace viewer

@@ -32,4 +32,7 @@ struct ReadRequest {
 /// text, or have a record with too many fields or a quote that is never closed.
 Table readTable(const std::string& path, const ReadRequest& request, const ReadProgress& progress);
 
+/// Understands a text, which messages call `name`, as if it were a file. Errors: as above.
+Table parseTable(std::string text, const std::string& name, const ReadRequest& request);
+
 } // namespace viewer

@@ -6,12 +6,16 @@
 #include "Progress.h"
 #include "Samples.h"
 #include "window/MainWindow.h"
+#include "window/Translations.h"
 
 #include <QApplication>
 #include <QByteArray>
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QIcon>
+#include <QLocale>
+#include <QTimer>
 
 #include <cstdio>
 #include <exception>
@@ -96,20 +100,48 @@ int writePictures(int& argc, char** argv, const Options& options) {
     return 0;
 }
 
+void openFiles(MainWindow& window, const Options& options) {
+    for (const std::string& file : options.files) {
+        const QString path = QString::fromStdString(file);
+        if (options.follow || (file == "-" && canStream(options)))
+            window.openLive(path, options);
+        else
+            window.openFile(path, options);
+    }
+    if (!options.files.empty())
+        return;
+    for (const Sample& sample : sampleCharts())
+        window.addChart(QString::fromStdString(sample.name), sample.plot);
+}
+
 int showWindow(int& argc, char** argv, const Options& options) {
-    const std::vector<Chart> charts = readCharts(options);
     const QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("zembra"));
     QCoreApplication::setApplicationName(QStringLiteral("zembra-view"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("zembra-view"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/zembra-view.svg")));
+    installTranslations(QLocale());
     MainWindow window;
-    for (const Chart& chart : charts)
-        window.addChart(QString::fromStdString(chart.name), chart.plot);
-    window.setWindowTitle(charts.size() == 1 ? QString::fromStdString(charts.front().name) +
-                                                   QStringLiteral(" – zembra-view")
-                                             : QStringLiteral("zembra-view"));
+    std::size_t waiting = options.files.size();
+    bool anyOpened = false;
+    QObject::connect(&window, &MainWindow::noted,
+                     [](const QString& text) { say(text.toStdString()); });
+    QObject::connect(&window, &MainWindow::fileOpened, [&] {
+        waiting -= waiting > 0 ? 1 : 0;
+        anyOpened = true;
+    });
+    // A window without any chart tells nothing; the terminal does.
+    QObject::connect(&window, &MainWindow::openFailed, [&](const QString& message) {
+        say(message.toStdString());
+        waiting -= waiting > 0 ? 1 : 0;
+        if (!anyOpened && waiting == 0)
+            QCoreApplication::exit(2);
+    });
     window.resize(options.size.width, options.size.height);
     window.show();
     window.offerHint();
+    // Once the event loop runs, so that a failure can end it.
+    QTimer::singleShot(0, &window, [&] { openFiles(window, options); });
     return QApplication::exec();
 }
 
@@ -125,6 +157,8 @@ int run(int& argc, char** argv) {
     }
     // All arguments are ours; Qt is not to take any of them for its own.
     argc = 1;
+    if (options.follow && !hasDisplay())
+        throw Failure("--follow: there is no display");
     if (!options.exports.empty() || !hasDisplay())
         return writePictures(argc, argv, options);
     return showWindow(argc, argv, options);

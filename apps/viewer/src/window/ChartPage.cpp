@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "window/ChartPage.h"
 
-#include "Exporter.h"
 #include "Failure.h"
+#include "PictureKind.h"
+#include "window/ExportDialog.h"
+#include "window/Printing.h"
 
 #include <ZembraGraphicsView.h>
 #include <ZembraNavigationWidget.h>
@@ -10,13 +12,26 @@
 #include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QEvent>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QVBoxLayout>
 
 namespace viewer {
+
+namespace {
+
+Ground groundOf(const QPalette& palette) {
+    const QColor window = palette.color(QPalette::Window);
+    const QColor text = palette.color(QPalette::WindowText);
+    return text.lightness() > window.lightness() ? Ground::Dark : Ground::Light;
+}
+
+} // namespace
 
 ChartPage::ChartPage(std::shared_ptr<zembra::Plot> plot, QWidget* parent)
     : QWidget(parent),
@@ -33,33 +48,92 @@ ChartPage::ChartPage(std::shared_ptr<zembra::Plot> plot, QWidget* parent)
     navigationStrip->setGraphicsView(chartView);
     // Keys zoom at once, without a click into the chart first.
     setFocusProxy(chartView);
+    followPalette();
+}
+
+// Draws with another ground or size and has the view lay the plot out anew.
+template <class Draw>
+void ChartPage::drawApart(std::optional<Ground> ground, Draw draw) {
+    const std::shared_ptr<zembra::Plot> plot = chartView->plot();
+    if (!plot)
+        return;
+    if (ground)
+        setGround(*plot, *ground);
+    draw(*plot);
+    followPalette();
 }
 
 void ChartPage::savePicture() {
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save Picture"), QStringLiteral("chart.png"),
-        tr("PNG picture (*.png);;SVG drawing (*.svg);;PDF document (*.pdf)"));
-    if (path.isEmpty() || !chartView->plot())
+    ExportDialog dialog(ExportDialog::Purpose::Save, chartView->viewport()->size(), this);
+    if (dialog.exec() != QDialog::Accepted)
         return;
-    try {
-        const QSize size = chartView->viewport()->size();
-        exportPlot(*chartView->plot(), path.toStdString(), {size.width(), size.height()});
-    } catch (const Failure& failure) {
-        QMessageBox::warning(this, tr("Save Picture"), QString::fromUtf8(failure.what()));
-    }
-    // The export laid the plot out anew.
-    chartView->replot();
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save Picture"), fileName + QStringLiteral(".png"),
+                                     tr("Pictures (*.png *.svg *.pdf)"));
+    if (path.isEmpty())
+        return;
+    const bool hasSuffix = pictureKind(path.toStdString()).has_value();
+    writePicture(hasSuffix ? path : path + QStringLiteral(".png"), dialog.size(), dialog.ground());
+}
+
+bool ChartPage::writePicture(const QString& path, const PictureSize& size,
+                             std::optional<Ground> ground) {
+    QString problem;
+    drawApart(ground, [&](zembra::Plot& plot) {
+        try {
+            exportPlot(plot, path.toStdString(), size);
+        } catch (const Failure& failure) {
+            problem = QString::fromUtf8(failure.what());
+        }
+    });
+    if (problem.isEmpty())
+        return true;
+    auto* const box =
+        new QMessageBox(QMessageBox::Warning, tr("Save Picture"), problem, QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+    return false;
 }
 
 void ChartPage::copyPicture() {
     QGuiApplication::clipboard()->setPixmap(chartView->viewport()->grab());
 }
 
+void ChartPage::copyPicture(const PictureSize& size, std::optional<Ground> ground) {
+    drawApart(ground, [&](zembra::Plot& plot) {
+        QGuiApplication::clipboard()->setImage(plotImage(plot, size));
+    });
+}
+
+void ChartPage::copyPictureAs() {
+    ExportDialog dialog(ExportDialog::Purpose::Copy, chartView->viewport()->size(), this);
+    if (dialog.exec() == QDialog::Accepted)
+        copyPicture(dialog.size(), dialog.ground());
+}
+
+void ChartPage::print() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(fileName);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    bool isPrinted = false;
+    // Paper is light.
+    drawApart(Ground::Light, [&](zembra::Plot& plot) {
+        isPrinted = printPlot(plot, chartView->viewport()->size(), printer);
+    });
+    if (!isPrinted)
+        QMessageBox::warning(this, tr("Print"), tr("The chart could not be printed."));
+}
+
 void ChartPage::fillMenu(QMenu& menu) {
     menu.addActions(chartView->navigationActions());
     menu.addSeparator();
-    menu.addAction(tr("Copy Picture"), this, &ChartPage::copyPicture);
+    menu.addAction(tr("Copy Picture"), this, [this] { copyPicture(); });
+    menu.addAction(tr("Copy Picture As…"), this, &ChartPage::copyPictureAs);
     menu.addAction(tr("Save Picture As…"), this, &ChartPage::savePicture);
+    menu.addAction(tr("Print…"), this, &ChartPage::print);
 }
 
 void ChartPage::contextMenuEvent(QContextMenuEvent* event) {
@@ -67,6 +141,18 @@ void ChartPage::contextMenuEvent(QContextMenuEvent* event) {
     fillMenu(menu);
     menu.exec(event->globalPos());
     event->accept();
+}
+
+void ChartPage::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        followPalette();
+}
+
+void ChartPage::followPalette() {
+    if (const std::shared_ptr<zembra::Plot> plot = chartView->plot())
+        setGround(*plot, groundOf(palette()));
+    chartView->replot();
 }
 
 } // namespace viewer

@@ -3,6 +3,9 @@
 
 #include "Samples.h"
 #include "window/ChartPage.h"
+#include "window/LoadingPage.h"
+#include "window/RecentFiles.h"
+#include "window/Translations.h"
 
 #include <ZembraGraphicsView.h>
 #include <ZembraNavigationWidget.h>
@@ -10,17 +13,31 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QLocale>
 #include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTranslator>
+#include <QUrl>
+
+#include <array>
 
 namespace {
 
 using viewer::ChartPage;
+using viewer::LoadingPage;
 using viewer::MainWindow;
 
 std::shared_ptr<zembra::Plot> somePlot() {
@@ -66,19 +83,6 @@ private Q_SLOTS:
         QCOMPARE(window.currentPage()->view()->plot()->title(), somePlot()->title());
     }
 
-    void TheContextMenuHoldsAllActionsOfTheChart() {
-        ChartPage page(somePlot());
-        QMenu menu;
-        page.fillMenu(menu);
-        for (QAction* const action : page.view()->navigationActions())
-            QVERIFY(menu.actions().contains(action));
-        QStringList texts;
-        for (const QAction* const action : menu.actions())
-            texts.append(action->text());
-        QVERIFY(texts.contains(QStringLiteral("Copy Picture")));
-        QVERIFY(texts.contains(QStringLiteral("Save Picture As…")));
-    }
-
     void ARightClickOpensTheContextMenu() {
         ChartPage page(somePlot());
         page.resize(400, 300);
@@ -107,6 +111,151 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&page));
         page.copyPicture();
         QCOMPARE(QApplication::clipboard()->image().size(), page.view()->viewport()->size());
+    }
+
+    void AFileIsReadInATabOfItsOwn() {
+        MainWindow window;
+        const QSignalSpy opened(&window, &MainWindow::fileOpened);
+        window.openFile(write("one.csv", "t,a\n1,2\n2,3\n"));
+        window.openFile(write("two.csv", "t,a\n1,2\n2,3\n"));
+        QCOMPARE(window.tabWidget()->count(), 2);
+        QTRY_COMPARE(opened.size(), 2);
+        QCOMPARE(window.tabWidget()->count(), 2);
+        QCOMPARE(window.tabWidget()->tabText(0), QStringLiteral("one"));
+        QCOMPARE(window.tabWidget()->tabText(1), QStringLiteral("two"));
+        QCOMPARE(window.windowTitle(), QStringLiteral("two – zembra-view"));
+        QCOMPARE(window.currentPage()->view()->plot()->title(), "two");
+        QCOMPARE(viewer::recentFiles().size(), 2);
+        window.closeTab(1);
+        QCOMPARE(window.windowTitle(), QStringLiteral("one – zembra-view"));
+    }
+
+    void AFileThatCannotBeDrawnLeavesNoTab() {
+        MainWindow window;
+        const QSignalSpy failed(&window, &MainWindow::openFailed);
+        window.openFile(write("bad.csv", "a,b\nx,y\n"));
+        window.openFile(folder.filePath(QStringLiteral("none.csv")));
+        QTRY_COMPARE(failed.size(), 2);
+        QCOMPARE(window.tabWidget()->count(), 0);
+        QVERIFY(viewer::recentFiles().isEmpty());
+    }
+
+    void ReadingABigFileCanBeCancelled() {
+        QByteArray text = "t,a\n";
+        for (int i = 0; i < 1000000; ++i)
+            text += "1234567.125,7654321.5\n";
+        MainWindow window;
+        window.openFile(write("big.csv", text));
+        const auto* const page = window.findChild<LoadingPage*>();
+        QVERIFY(page);
+        QVERIFY(!window.currentPage());
+        page->cancelButton()->click();
+        QTRY_COMPARE(window.tabWidget()->count(), 0);
+    }
+
+    void AWindowMayGoWhileItReads() {
+        QByteArray text = "t,a\n";
+        for (int i = 0; i < 300000; ++i)
+            text += "1234567.125,7654321.5\n";
+        const QString path = write("big.csv", text);
+        auto window = std::make_unique<MainWindow>();
+        window->openFile(path);
+        window.reset();
+        QCoreApplication::processEvents();
+    }
+
+    void ProgressIsTold() {
+        QByteArray text = "t,a\n";
+        for (int i = 0; i < 1000000; ++i)
+            text += "1234567.125,7654321.5\n";
+        LoadingPage page(write("big.csv", text).toStdString(), {});
+        const QSignalSpy progressed(page.job(), &viewer::LoadJob::progressed);
+        const QSignalSpy loaded(page.job(), &viewer::LoadJob::loaded);
+        page.job()->start();
+        QTRY_VERIFY_WITH_TIMEOUT(loaded.size() == 1, 30000);
+        QVERIFY(progressed.size() >= 1);
+        QVERIFY(page.progressBar()->maximum() > 0);
+        QVERIFY(page.progressBar()->value() > 0);
+        QCOMPARE(page.job()->takeChart().plot->series().size(), std::size_t{1});
+    }
+
+    void DroppedFilesAreOpened() {
+        MainWindow window;
+        window.show();
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(write("one.csv", "t,a\n1,2\n2,3\n")),
+                      QUrl(QStringLiteral("https://example.org/two.csv"))});
+        QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &drop);
+        QTRY_VERIFY(window.currentPage());
+        QCOMPARE(window.tabWidget()->count(), 1);
+
+        QMimeData text;
+        text.setText(QStringLiteral("1,2"));
+        QDragEnterEvent other(QPoint(9, 9), Qt::CopyAction, &text, Qt::LeftButton, {});
+        other.ignore();
+        QApplication::sendEvent(&window, &other);
+        QVERIFY(!other.isAccepted());
+    }
+
+    void RecentFilesAreTheNewestFirstAndEachOnce() {
+        for (int i = 0; i < 12; ++i)
+            viewer::rememberFile(QStringLiteral("/%1.csv").arg(i));
+        viewer::rememberFile(QStringLiteral("/5.csv"));
+        QCOMPARE(viewer::recentFiles().size(), 10);
+        QCOMPARE(viewer::recentFiles().mid(0, 2),
+                 QStringList({QStringLiteral("/5.csv"), QStringLiteral("/11.csv")}));
+        QCOMPARE(viewer::recentFiles().count(QStringLiteral("/5.csv")), 1);
+        viewer::forgetFiles();
+        QVERIFY(viewer::recentFiles().isEmpty());
+    }
+
+    void AGrowingFileGrowsInItsTab() {
+        const QString path = write("live.csv", "t,a\n1,2\n2,3\n");
+        MainWindow window;
+        viewer::Options options;
+        options.follow = true;
+        window.openLive(path, options);
+        QTRY_VERIFY(window.currentPage());
+        window.resize(500, 400);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const auto plot = window.currentPage()->view()->plot();
+        QTRY_VERIFY(plot->axis(2).range().second < 4.0);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::Append));
+        file.write("50,60\n");
+        file.close();
+        QTRY_VERIFY(plot->axis(2).range().second >= 50.0);
+    }
+
+    void TheWindowSpeaksTheLanguageOfTheUser() {
+        struct Case {
+            QLocale locale;
+            const char* file;
+            const char* zoom;
+        };
+        const std::array cases = {
+            Case{QLocale(QLocale::German, QLocale::Switzerland), "&Datei", "Vergrößern"},
+            Case{QLocale(QLocale::French, QLocale::Canada), "&Fichier", "Zoom avant"},
+            Case{QLocale(QLocale::Spanish, QLocale::Mexico), "&Archivo", "Acercar"},
+            Case{QLocale(QLocale::Chinese, QLocale::China), "文件(&F)", "放大"}};
+        MainWindow window;
+        window.addChart(QStringLiteral("one"), somePlot());
+        for (const Case& one : cases) {
+            QVERIFY(viewer::installTranslations(one.locale));
+            QCoreApplication::processEvents();
+            QCOMPARE(window.menuBar()->actions().front()->text(), QString::fromUtf8(one.file));
+            QCOMPARE(window.currentPage()->view()->navigationActions().front()->text(),
+                     QString::fromUtf8(one.zoom));
+            qDeleteAll(QCoreApplication::instance()->findChildren<QTranslator*>());
+        }
+        QVERIFY(!viewer::installTranslations(QLocale(QLocale::Finnish)));
+        QCoreApplication::processEvents();
+        QCOMPARE(window.menuBar()->actions().front()->text(), QStringLiteral("&File"));
     }
 
     void TheHintComesBackUntilTheUserHasSeenEnough() {
@@ -139,6 +288,14 @@ private Q_SLOTS:
     }
 
 private:
+    QString write(const char* name, const QByteArray& text) const {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(text);
+        return file.fileName();
+    }
+
+    QTemporaryDir folder;
     QTemporaryDir settings;
 };
 

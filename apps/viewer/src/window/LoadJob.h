@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ChartLoader.h"
+#include "Options.h"
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <thread>
+
+namespace viewer {
+
+/// Reads one file in a thread of its own and makes its chart. GUI thread only; the end of the job
+/// gives reading up and waits for it.
+class LoadJob : public QObject {
+    Q_OBJECT
+
+public:
+    LoadJob(std::string path, Options options, QObject* parent = nullptr);
+    ~LoadJob() override;
+
+    void start();
+    /// Gives up; `cancelled` follows, unless the chart is there already.
+    void cancel();
+
+    /// The chart, once, after `loaded`.
+    Chart takeChart();
+    const std::string& path() const { return file; }
+
+Q_SIGNALS:
+    /// Bytes and rows so far; `size` is 0 where nobody knows.
+    void progressed(qint64 bytes, qint64 size, qint64 rows);
+    // Exactly one of these ends the job; its slot may delete it.
+    void loaded();
+    void failed(const QString& message);
+    void cancelled();
+
+private:
+    void run(const std::stop_token& stop);
+    template <class Function>
+    void tell(Function function);
+
+    std::string file;
+    Options options;
+    std::optional<Chart> chart;
+    std::jthread thread;
+};
+
+} // namespace viewer
