@@ -25,12 +25,19 @@ using zembra::ZembraNavigationWidget;
 
 namespace {
 
-constexpr char screens[] = R"(
-    {"name": "primary", "x": 0, "y": 0, "width": 1280, "height": 1024},
-    {"name": "left", "x": -800, "y": 100, "width": 800, "height": 600},
-    {"name": "small", "x": 100, "y": 1024, "width": 320, "height": 160})";
+// The first one is the usual one; ZEMBRA_TEST_SCREENS names another by its place.
+constexpr const char* screenLayouts[] = {
+    R"({"name": "primary", "x": 0, "y": 0, "width": 1280, "height": 1024},
+       {"name": "left", "x": -800, "y": 100, "width": 800, "height": 600},
+       {"name": "small", "x": 100, "y": 1024, "width": 320, "height": 160})",
+    R"({"name": "only", "x": 0, "y": 0, "width": 1920, "height": 1080})",
+    R"({"name": "lower", "x": 0, "y": 0, "width": 1280, "height": 800},
+       {"name": "upper", "x": 200, "y": -1024, "width": 1280, "height": 1024})",
+    R"({"name": "tiny", "x": 0, "y": 0, "width": 240, "height": 200},
+       {"name": "far", "x": 5000, "y": 3000, "width": 640, "height": 480})",
+};
 
-constexpr int sequenceCount = 200;
+constexpr uint usualSequences = 200;
 constexpr int eventCount = 200;
 
 // Two windows with a view each, a controller without a view, and a strip that wanders between
@@ -456,7 +463,10 @@ private Q_SLOTS:
         bool given = false;
         const uint asked = qEnvironmentVariable("ZEMBRA_TEST_SEED").toUInt(&given);
         const uint seed = given ? asked : QRandomGenerator::global()->generate();
-        qInfo("ZEMBRA_TEST_SEED=%u repeats this run", seed);
+        bool isCount = false;
+        const uint count = qEnvironmentVariable("ZEMBRA_TEST_SEQUENCES").toUInt(&isCount);
+        const uint sequenceCount = isCount ? count : usualSequences;
+        qInfo("ZEMBRA_TEST_SEED=%u repeats this run of %u sequences", seed, sequenceCount);
         for (uint sequence = 0; sequence < sequenceCount; ++sequence) {
             std::mt19937 random(seed + sequence);
             World world(random);
@@ -481,6 +491,8 @@ private Q_SLOTS:
 };
 
 int main(int argc, char** argv) {
-    return runOnScreens<ZembraNavigationRandomEventsTest>(screens, argc, argv);
+    const uint layout = qEnvironmentVariable("ZEMBRA_TEST_SCREENS").toUInt();
+    return runOnScreens<ZembraNavigationRandomEventsTest>(
+        screenLayouts[layout % std::size(screenLayouts)], argc, argv);
 }
 #include "ZembraNavigationRandomEvents_test.moc"
