@@ -178,6 +178,18 @@ const Theme& Plot::theme() const {
     return d->theme;
 }
 
+bool Plot::setPixelRatio(double ratio) {
+    constexpr double most = 4.0;
+    if (!(ratio > 0.0 && ratio <= most))
+        return false;
+    d->pixelRatio = ratio;
+    return true;
+}
+
+double Plot::pixelRatio() const {
+    return d->pixelRatio;
+}
+
 void Plot::addSeries(std::shared_ptr<Series> series) {
     if (!series || std::find(d->series.begin(), d->series.end(), series) != d->series.end())
         return;

@@ -358,6 +358,7 @@ void Plot::Private::drawSeries(Painter& painter, const PlotLayout& layout, Frame
             continue;
         Canvas canvas(painter, layout.canvas, mapOver(s.xAxis(), layout.canvas),
                       mapOver(s.yAxis(), layout.canvas), lookOf(i), buffers);
+        canvas.setPixelRatio(pixelRatio);
         s.draw(canvas);
     }
 }

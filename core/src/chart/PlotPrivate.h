@@ -111,6 +111,7 @@ struct Plot::Private {
     Rect canvas;
     /// Pixels of a unit on axis 0 for each pixel of a unit on axis 2; 0 where it is free.
     double aspect = 0.0;
+    double pixelRatio = 1.0;
     Margins leastMargins;
     TextMeasure measure;
     LayoutMemory memory;

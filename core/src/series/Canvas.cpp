@@ -43,6 +43,10 @@ Canvas::Canvas(Painter& painter, const Rect& rect, const ScaleMap& x, const Scal
                const SeriesLook& look, FrameBuffers& buffers)
     : painter(painter), area(rect), xMap(x), yMap(y), seriesLook(look), buffers(buffers) {}
 
+void Canvas::setPixelRatio(double pixelRatio) {
+    ratio = pixelRatio;
+}
+
 Point Canvas::toPixel(double x, double y) const {
     return {xMap.transform(x), yMap.transform(y)};
 }
@@ -56,7 +60,7 @@ void Canvas::drawLine(const Point& from, const Point& to, const Pen& pen) {
 }
 
 void Canvas::drawPolyline(const std::vector<Point>& points, const Pen& pen) {
-    strokePath(painter, area, points, pen, buffers);
+    strokePath(painter, area, points, pen, ratio, buffers);
 }
 
 void Canvas::drawRect(const Rect& rect, const Pen& pen) {

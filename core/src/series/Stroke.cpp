@@ -4,6 +4,7 @@
 #include "Clip.h"
 #include "ColumnRaster.h"
 #include "MaskRaster.h"
+#include "PictureRuns.h"
 #include "Simplify.h"
 
 #include <algorithm>
@@ -75,6 +76,7 @@ void forEachPart(std::span<const Point> piece, double width, Use use) {
 class Stroke {
 public:
     void assign(std::span<const Point> path, const Rect& limits);
+    void scale(double factor);
     bool runsOneWay() const;
     double length() const;
     std::size_t size() const { return points.size(); }
@@ -132,6 +134,11 @@ void Stroke::assign(std::span<const Point> path, const Rect& limits) {
         joined = within;
     }
     endPiece();
+}
+
+void Stroke::scale(double factor) {
+    for (Point& point : points)
+        point = {point.x * factor, point.y * factor};
 }
 
 bool Stroke::runsOneWay() const {
@@ -360,10 +367,35 @@ void drawInParts(Painter& painter, std::span<const Point> piece, double width, c
     });
 }
 
+Picture picturedStroke(const Stroke& stroke, const Rect& area, double width, const Pen& pen) {
+    // A path that crosses the canvas this often leaves no gaps to be seen.
+    constexpr double crossings = 60.0;
+    if (isDashed(pen) && stroke.length() < crossings * area.width)
+        return rasteredDashes(stroke, area, width, pen);
+    if (stroke.runsOneWay())
+        return rastered<ColumnRaster>(stroke, area, width, pen.color());
+    return rastered<MaskRaster>(stroke, area, width, pen.color());
+}
+
+void drawDense(Painter& painter, const Rect& area, Stroke& stroke, const Pen& pen, double width,
+               double ratio, FrameBuffers& buffers) {
+    // What a painter fills in a fraction of a frame.
+    constexpr std::size_t mostRuns = 30000;
+    if (ratio != 1.0) {
+        stroke.scale(ratio);
+        const Rect fine{area.x * ratio, area.y * ratio, area.width * ratio, area.height * ratio};
+        if (drawRuns(painter, picturedStroke(stroke, fine, width * ratio, pen), pen.color(), ratio,
+                     mostRuns))
+            return;
+        stroke.scale(1.0 / ratio);
+    }
+    drawPicture(painter, picturedStroke(stroke, area, width, pen), buffers);
+}
+
 } // namespace
 
 void strokePath(Painter& painter, const Rect& area, std::span<const Point> path, const Pen& pen,
-                FrameBuffers& buffers) {
+                double pixelRatio, FrameBuffers& buffers) {
     const bool hidden = pen.style() == PenStyle::None && pen.dashPattern().empty();
     if (hidden || area.isEmpty())
         return;
@@ -377,14 +409,7 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
     // Parts that overlap would show in translucent colours, and interrupt dashes.
     const bool inOnePiece = pen.color().alpha() < 255 || dashed;
     if (isDense(stroke, area, width, inOnePiece)) {
-        // A path that crosses the canvas this often leaves no gaps to be seen.
-        constexpr double crossings = 60.0;
-        if (dashed && stroke.length() < crossings * area.width)
-            drawPicture(painter, rasteredDashes(stroke, area, width, pen), buffers);
-        else if (stroke.runsOneWay())
-            drawPicture(painter, rastered<ColumnRaster>(stroke, area, width, pen.color()), buffers);
-        else
-            drawPicture(painter, rastered<MaskRaster>(stroke, area, width, pen.color()), buffers);
+        drawDense(painter, area, stroke, pen, width, pixelRatio, buffers);
         return;
     }
     painter.setPen(pen);

@@ -10,10 +10,10 @@ namespace zembra {
 
 /// Draws the stroke of a path with a pen, at a cost bounded by the pixels of `area` and the number
 /// of points, whatever the pen: as polylines where the path is simple, as a picture where it is
-/// dense.
+/// dense, drawn as rectangles where `pixelRatio` says that the target has finer pixels.
 ///
 /// Points that are not finite separate the path's pieces; a point alone is drawn as a dot.
 void strokePath(Painter& painter, const Rect& area, std::span<const Point> path, const Pen& pen,
-                FrameBuffers& buffers);
+                double pixelRatio, FrameBuffers& buffers);
 
 } // namespace zembra

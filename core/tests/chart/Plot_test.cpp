@@ -289,3 +289,12 @@ TEST(Plot, HostileNumbersNeitherHangNorReachThePainter) {
                 }
             }
 }
+
+TEST(Plot, KeepsPixelRatiosThatMakeSense) {
+    Plot plot;
+    EXPECT_EQ(plot.pixelRatio(), 1.0);
+    EXPECT_TRUE(plot.setPixelRatio(1.5));
+    for (const double wrong : {0.0, -2.0, 4.5, std::nan("")})
+        EXPECT_FALSE(plot.setPixelRatio(wrong));
+    EXPECT_EQ(plot.pixelRatio(), 1.5);
+}

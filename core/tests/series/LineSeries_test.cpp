@@ -279,6 +279,26 @@ TEST(LineSeries, DrawsSteepZigzagsOfWidePensAsLinesOfTheirOwn) {
     }
 }
 
+TEST(LineSeries, IsDrawnInThePixelsOfFinerTargetsWhereItIsDense) {
+    LineSeries series(evenly(noise(100000)));
+    series.setWidth(1.0);
+    const auto rowsOf = [&series](double ratio, RecordingPainter& painter) {
+        FrameBuffers buffers;
+        Canvas canvas(painter, area, xOver(0.0, 1.0), yOver(-1.0, 1.0), {}, buffers);
+        canvas.setPixelRatio(ratio);
+        series.draw(canvas);
+    };
+    RecordingPainter coarse;
+    rowsOf(1.0, coarse);
+    EXPECT_EQ(coarse.count("drawImage"), 1u);
+    RecordingPainter fine;
+    rowsOf(2.0, fine);
+    EXPECT_EQ(fine.count("drawImage"), 0u);
+    EXPECT_GE(fine.count("fillRect"), 2 * 400u);
+    EXPECT_LE(fine.count("fillRect"), 30000u);
+    EXPECT_NE(fine.text().find(" 0.5x"), std::string::npos);
+}
+
 TEST(LineSeries, CrossesTheWholeCanvasAnyNumberOfTimesWithinAPicture) {
     const std::vector<double> x = noise(300000);
     std::vector<double> y = noise(300000);

@@ -77,6 +77,13 @@ public:
     void setTheme(const Theme& theme);
     const Theme& theme() const;
 
+    /// How many pixels the target has to a logical one: painters do not tell. Lines too dense for
+    /// strokers are then as sharp as the others, at the cost of more operations; best left at 1, as
+    /// at first, for vector files.
+    /// Errors: values that are not above 0 and at most 4 change nothing and return false.
+    bool setPixelRatio(double ratio);
+    double pixelRatio() const;
+
     /// Makes a series of a kind and adds it: `plot.add<LineSeries>(x, y, "name")`.
     template <class Kind, class... Arguments>
     std::shared_ptr<Kind> add(Arguments&&... arguments) {

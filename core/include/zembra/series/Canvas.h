@@ -39,6 +39,9 @@ public:
     Canvas(Painter& painter, const Rect& rect, const ScaleMap& x, const ScaleMap& y,
            const SeriesLook& look, FrameBuffers& buffers);
 
+    /// See `Plot::setPixelRatio`.
+    void setPixelRatio(double pixelRatio);
+
     const Rect& rect() const { return area; }
     const ScaleMap& x() const { return xMap; }
     const ScaleMap& y() const { return yMap; }
@@ -83,6 +86,7 @@ private:
 
     Painter& painter;
     Rect area;
+    double ratio = 1.0;
     ScaleMap xMap;
     ScaleMap yMap;
     SeriesLook seriesLook;
