@@ -26,6 +26,7 @@
 #include <zembra/series/Quantile.h>
 #include <zembra/series/ScatterSeries.h>
 #include <zembra/series/ShapeAnnotation.h>
+#include <zembra/series/SourceSeries.h>
 #include <zembra/series/SpanAnnotation.h>
 #include <zembra/series/StemSeries.h>
 #include <zembra/series/TextAnnotation.h>
