@@ -3,6 +3,9 @@
 
 #include <QtGui/QGuiApplication>
 
+#include <cstdlib>
+#include <new>
+
 using namespace zembra;
 using namespace zembra::benchmarks;
 
@@ -12,6 +15,18 @@ void useRange(Stage& stage) {
     stage.plot.setAxisScale(2, 0.1, 0.9);
     stage.plot.setAxisScale(0, -1.05, 1.05);
 }
+
+// Counts what is taken from the heap while it lives.
+class AllocationCount {
+public:
+    AllocationCount() : before(taken) {}
+    std::size_t now() const { return taken - before; }
+
+    static inline std::size_t taken = 0;
+
+private:
+    std::size_t before;
+};
 
 // What every frame costs before there is a line in it.
 void axesAlone(benchmark::State& state) {
@@ -92,12 +107,17 @@ BENCHMARK(memoryPass)->Arg(100000000)->Unit(benchmark::kMillisecond);
 void firstFrame(benchmark::State& state) {
     const auto values = noise(static_cast<std::size_t>(state.range(0)));
     const auto xs = rising(values.size());
+    double bytes = 0.0;
     for (auto _ : state) {
         Stage stage;
-        stage.plot.add<LineSeries>(Samples::borrowed(xs, values))->setWidth(1.0);
+        const Samples samples = Samples::borrowed(xs, values);
+        stage.plot.add<LineSeries>(samples)->setWidth(1.0);
         stage.draw();
+        bytes = static_cast<double>(samples.indexBytes());
     }
+    state.counters["index_bytes_per_sample"] = bytes / static_cast<double>(values.size());
 }
+// Two doubles a sample are borrowed; what is held beside them is the index.
 BENCHMARK(firstFrame)->Arg(100000000)->Unit(benchmark::kMillisecond);
 
 void streaming(benchmark::State& state) {
@@ -114,13 +134,19 @@ void streaming(benchmark::State& state) {
     x.resize(added);
     y.resize(added);
     double end = 1000000.0;
+    stage.draw();
+    std::size_t allocations = 0;
     for (auto _ : state) {
+        const AllocationCount count;
         for (double& v : x)
             v = end++;
         ring.append(x, y);
+        allocations = count.now();
         stage.plot.setAxisScale(2, end - 1000000.0, end);
         stage.draw();
     }
+    // Of the append alone; what a painter allocates is its own.
+    state.counters["allocations"] = static_cast<double>(allocations);
 }
 BENCHMARK(streaming)->Arg(0)->Arg(10000)->Unit(benchmark::kMillisecond);
 
@@ -168,6 +194,21 @@ void unsorted(benchmark::State& state) {
 BENCHMARK(unsorted)->Args({1000000, 0})->Args({1000000, 1})->Unit(benchmark::kMillisecond);
 
 } // namespace
+
+void* operator new(std::size_t size) {
+    ++AllocationCount::taken;
+    if (void* memory = std::malloc(size > 0 ? size : 1))
+        return memory;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
 
 int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);

@@ -4,7 +4,6 @@
 #include <QAbstractItemModel>
 #include <QDateTime>
 #include <QPointer>
-#include <QTimer>
 
 #include <algorithm>
 #include <functional>
@@ -150,7 +149,8 @@ void ZembraItemModelSamples::Private::readAll() {
 void ZembraItemModelSamples::Private::scheduleFeeding() {
     if (std::exchange(isWaiting, true))
         return;
-    QTimer::singleShot(0, owner, [this] { feedSeries(); });
+    QMetaObject::invokeMethod(
+        owner, [this] { feedSeries(); }, Qt::QueuedConnection);
 }
 
 void ZembraItemModelSamples::Private::feedSeries() {

@@ -35,9 +35,9 @@ void Simplifier::add(const Point& point) {
     }
     alone = false;
     Point way{point.x - anchor.x, point.y - anchor.y};
-    double distance = std::sqrt(dot(way, way));
     const bool inside =
         open || (cross(low, way) >= 0.0 && cross(way, high) >= 0.0 && dot(low, way) > 0.0);
+    double distance = inside ? std::sqrt(dot(way, way)) : 0.0;
     // Coming back by more than the tolerance would lose how far the path went.
     if (!inside || distance < reach - tolerance) {
         turnAt(latest);

@@ -70,7 +70,12 @@ public:
             const double offset = static_cast<double>(i) / static_cast<double>(perColumn);
             return forward ? firstColumn + offset : lastColumn - offset;
         };
-        const auto value = [&](std::size_t i) { return xMap.invTransform(edge(i)); };
+        // Without the indirections of scales where there is nothing to them.
+        const double slope = (xMap.s2() - xMap.s1()) / (xMap.p2() - xMap.p1());
+        const bool linear = xMap.scale().isLinear() && std::isfinite(slope);
+        const auto value = [&](std::size_t i) {
+            return linear ? xMap.s1() + (edge(i) - xMap.p1()) * slope : xMap.invTransform(edge(i));
+        };
         const std::size_t from = begin > 0 ? begin - 1 : 0;
         const std::size_t to = std::min(end + 1, store.count);
         if (end - begin <= 2 * strips) {
