@@ -223,7 +223,8 @@ bool drawKind(zembra::Plot& plot, const Table& table, const ChartPlan& plan,
 
 void drawMatrix(zembra::Plot& plot, std::vector<double> values, std::size_t columns) {
     const double width = static_cast<double>(columns);
-    const double height = static_cast<double>(values.size() / std::max<std::size_t>(columns, 1));
+    const std::size_t rows = values.size() / std::max<std::size_t>(columns, 1);
+    const double height = static_cast<double>(rows);
     plot.add<zembra::HeatMapSeries>(
         zembra::Grid(std::move(values), columns, {0.5, width + 0.5}, {0.5, height + 0.5}));
     plot.axis(2).setRange(0.5, width + 0.5);
