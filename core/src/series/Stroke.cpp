@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 
 namespace zembra {
 
@@ -286,9 +287,8 @@ Point between(const Point& a, const Point& b, double share) {
 }
 
 // Hands a piece over in chunks that meet within a segment, where neither joins nor ends show: in
-// the middle of the longest around, or in a line along a long one.
-void drawInChunks(Painter& painter, std::span<const Point> piece, double width) {
-    const double leg = legOf(width);
+// the middle of the longest around, or in a line along one that has more than four times `leg`.
+void drawInChunks(Painter& painter, std::span<const Point> piece, double leg) {
     std::vector<Point> chunk{piece.front()};
     double length = 0.0;
     double longest = 0.0;
@@ -359,7 +359,7 @@ void drawInParts(Painter& painter, std::span<const Point> piece, double width, c
         if (part.size() == 2)
             painter.drawLine(part[0].x, part[0].y, part[1].x, part[1].y);
         else
-            drawInChunks(painter, part, width);
+            drawInChunks(painter, part, legOf(width));
         if (after == Joint::Spike)
             drawBevel(painter, piece[last], part.back(), towards(piece[last], piece[last + 1]),
                       color);
@@ -416,13 +416,19 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
     // A few points are the painter's own business.
     constexpr std::size_t few = 4;
     const bool mayBeCut = width > 1.0 && !inOnePiece;
+    // Each cut doubles the soft edge of the line over a pen's width. Among steep lines that is
+    // lost, on a calm curve it would be a bead, so that has as few cuts as can be.
+    const bool isSteep = stroke.length() > 4.0 * area.width;
     for (std::size_t i = 0; i < stroke.pieceCount(); ++i) {
         const auto piece = stroke.piece(i);
         if (piece.size() == 1)
             drawDot(painter, piece.front(), width, pen.color(), area);
+        else if (!mayBeCut || piece.size() <= few)
+            painter.drawPolyline({piece.begin(), piece.end()});
+        else if (isSteep)
+            drawInParts(painter, piece, width, pen.color());
         else
-            mayBeCut&& piece.size() > few ? drawInParts(painter, piece, width, pen.color())
-                                          : painter.drawPolyline({piece.begin(), piece.end()});
+            drawInChunks(painter, piece, std::numeric_limits<double>::infinity());
     }
 }
 
