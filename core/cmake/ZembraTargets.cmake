@@ -14,3 +14,13 @@ function(zembra_strict_warnings target)
         target_link_options(${target} PRIVATE -fsanitize=${ZEMBRA_SANITIZERS})
     endif()
 endfunction()
+
+# Whoever builds this project itself compiles nothing twice; a project that embeds it decides for
+# itself.
+if(PROJECT_IS_TOP_LEVEL AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
+    find_program(ZEMBRA_CCACHE ccache)
+    mark_as_advanced(ZEMBRA_CCACHE)
+    if(ZEMBRA_CCACHE)
+        set(CMAKE_CXX_COMPILER_LAUNCHER ${ZEMBRA_CCACHE})
+    endif()
+endif()

@@ -63,7 +63,7 @@ ValueGrid readGrid(const std::string& path) {
     ValueGrid grid;
     grid.columns = *columns;
     grid.values.reserve(*columns * *rows);
-    for (const QJsonValue& value : list) {
+    for (const QJsonValue value : list) {
         if (!value.isDouble() && !value.isNull())
             fail(path, 1, "value " + std::to_string(grid.values.size() + 1) + " is not a number");
         grid.values.push_back(value.toDouble(std::numeric_limits<double>::quiet_NaN()));
