@@ -16,8 +16,6 @@ constexpr double tickLength = 5.0;
 constexpr double minorTickLength = 3.0;
 constexpr double labelGap = 4.0;
 constexpr double titleGap = 4.0;
-// Wide enough to hide what a stroke's cap lets out of the canvas where clipping is ignored.
-constexpr double maskWidth = 10.0;
 constexpr double upwards = -0.5 * std::numbers::pi;
 
 // A line one pixel wide is crisp when it runs through pixel centres.
@@ -94,15 +92,15 @@ void PlotDrawing::drawGrid(const AxisLayout& axis) {
     }
 }
 
+// What the caps of strokes let out of the canvas where clipping is ignored.
 void PlotDrawing::maskOverhang() {
     if (theme.background.alpha() < 255)
         return;
     const Rect& c = layout.canvas;
-    const Rect outer = c.grown(maskWidth);
-    painter.fillRect({outer.left(), outer.top(), outer.width, maskWidth}, theme.background);
-    painter.fillRect({outer.left(), c.bottom(), outer.width, maskWidth}, theme.background);
-    painter.fillRect({outer.left(), c.top(), maskWidth, c.height}, theme.background);
-    painter.fillRect({c.right(), c.top(), maskWidth, c.height}, theme.background);
+    painter.fillRect({0.0, 0.0, layout.width, c.top()}, theme.background);
+    painter.fillRect({0.0, c.bottom(), layout.width, layout.height - c.bottom()}, theme.background);
+    painter.fillRect({0.0, c.top(), c.left(), c.height}, theme.background);
+    painter.fillRect({c.right(), c.top(), layout.width - c.right(), c.height}, theme.background);
 }
 
 void PlotDrawing::drawTick(const AxisPlace& place, double value, double length) {
