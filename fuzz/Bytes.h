@@ -2,12 +2,12 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <ctime>
 #include <limits>
 #include <span>
@@ -74,12 +74,10 @@ public:
         default:
             break;
         }
-        std::array<std::uint8_t, sizeof(double)> bits{};
-        for (std::uint8_t& each : bits)
-            each = byte();
-        double value = 0.0;
-        std::memcpy(&value, bits.data(), sizeof value);
-        return value;
+        std::uint64_t bits = 0;
+        for (int shift = 0; shift < 64; shift += 8)
+            bits |= static_cast<std::uint64_t>(byte()) << shift;
+        return std::bit_cast<double>(bits);
     }
 
     /// At most a few hundred numbers; now and then more than a canvas has columns.
