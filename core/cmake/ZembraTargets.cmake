@@ -15,6 +15,12 @@ function(zembra_strict_warnings target)
     endif()
 endfunction()
 
+# For folders of tests: they run for a moment, so what counts is how fast they compile. What they
+# test is optimised as ever.
+macro(zembra_compile_quickly)
+    add_compile_options($<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang,AppleClang>:-O0>)
+endmacro()
+
 # Whoever builds this project itself compiles nothing twice; a project that embeds it decides for
 # itself.
 if(PROJECT_IS_TOP_LEVEL AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)

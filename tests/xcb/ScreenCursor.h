@@ -49,3 +49,19 @@ inline QPoint screenOrigin(WId window) {
     XCloseDisplay(display);
     return {x, y};
 }
+
+/// Whether a window manager has put a frame around a window, which it does and undoes with a delay.
+inline bool isFramed(WId window) {
+    Display* display = XOpenDisplay(nullptr);
+    if (!display)
+        return false;
+    Window root = 0;
+    Window parent = 0;
+    Window* children = nullptr;
+    unsigned count = 0;
+    XQueryTree(display, window, &root, &parent, &children, &count);
+    if (children)
+        XFree(children);
+    XCloseDisplay(display);
+    return parent != root;
+}

@@ -11,6 +11,7 @@ constexpr std::size_t never = std::numeric_limits<std::size_t>::max();
 
 std::size_t untilFailure = never;
 bool hasFailed = false;
+std::size_t takenCount = 0;
 std::size_t liveCount = 0;
 
 void* allocate(std::size_t size) {
@@ -20,8 +21,10 @@ void* allocate(std::size_t size) {
         return nullptr;
     }
     void* memory = std::malloc(size > 0 ? size : 1);
-    if (memory)
+    if (memory) {
+        ++takenCount;
         ++liveCount;
+    }
     return memory;
 }
 
@@ -37,6 +40,10 @@ void failAt(std::size_t number) {
 bool stopFailing() {
     untilFailure = never;
     return hasFailed;
+}
+
+std::size_t taken() {
+    return takenCount;
 }
 
 std::size_t live() {
