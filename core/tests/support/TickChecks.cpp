@@ -70,11 +70,21 @@ double lastDigit(const std::string& label, const std::string& offset, double val
     return std::pow(10.0, isFactor ? exponent : exponent - superscriptAfter(offset, "×10"));
 }
 
-std::string orderFault(const TickSet& set, double min, double max, const TickRequest& request) {
+std::string in(double min, double max, const TickRequest& request) {
+    return " in [" + told(min) + ", " + told(max) + "] of " + std::to_string(request.maxMajor);
+}
+
+} // namespace
+
+std::string orderFault(const TickSet& set, double first, double second,
+                       const TickRequest& request) {
+    const double min = std::min(first, second);
+    const double max = std::max(first, second);
     if (static_cast<int>(set.major.size()) > request.maxMajor)
-        return "more ticks than asked for: " + std::to_string(set.major.size());
+        return "more ticks than asked for: " + std::to_string(set.major.size()) +
+               in(min, max, request);
     if (set.major.size() + set.minor.size() > 1000)
-        return "more ticks than the cap";
+        return "more ticks than the cap" + in(min, max, request);
     std::vector<double> major;
     for (const Tick& tick : set.major)
         major.push_back(tick.value);
@@ -82,14 +92,14 @@ std::string orderFault(const TickSet& set, double min, double max, const TickReq
         for (std::size_t i = 0; i < values->size(); ++i) {
             const double value = (*values)[i];
             if (!(value >= min && value <= max))
-                return "tick outside: " + told(value);
+                return "tick outside: " + told(value) + in(min, max, request);
             if (i > 0 && !(value > (*values)[i - 1]))
-                return "not increasing at " + told(value);
+                return "not increasing at " + told(value) + in(min, max, request);
         }
     }
     for (const double value : set.minor) {
         if (std::binary_search(major.begin(), major.end(), value))
-            return "minor tick on a major one at " + told(value);
+            return "minor tick on a major one at " + told(value) + in(min, max, request);
     }
     std::vector<std::pair<std::string_view, std::string_view>> texts;
     for (const Tick& tick : set.major)
@@ -97,22 +107,14 @@ std::string orderFault(const TickSet& set, double min, double max, const TickReq
     std::sort(texts.begin(), texts.end());
     const auto twice = std::adjacent_find(texts.begin(), texts.end());
     if (twice != texts.end())
-        return "twice the text " + std::string(twice->first) + " " + std::string(twice->second);
+        return "twice the text " + std::string(twice->first) + " " + std::string(twice->second) +
+               in(min, max, request);
     return {};
 }
 
-std::string in(double min, double max, const TickRequest& request) {
-    return " in [" + told(min) + ", " + told(max) + "] of " + std::to_string(request.maxMajor);
-}
-
-} // namespace
-
-std::string tickFault(const Scale& scale, double first, double second, const TickRequest& request) {
-    const TickSet set = scale.ticks(first, second, request);
-    const double min = std::min(first, second);
-    const double max = std::max(first, second);
-    if (const std::string fault = orderFault(set, min, max, request); !fault.empty())
-        return fault + in(min, max, request);
+std::string tickFault(const TickSet& set, double first, double second, const TickRequest& request) {
+    if (std::string fault = orderFault(set, first, second, request); !fault.empty())
+        return fault;
     const NumberFormat automatic;
     const NumberFormat& format = request.format ? *request.format : automatic;
     for (const Tick& tick : set.major) {
@@ -120,9 +122,13 @@ std::string tickFault(const Scale& scale, double first, double second, const Tic
         const double digit = lastDigit(tick.label, set.offset, tick.value);
         if (!value || !(std::abs(*value - tick.value) <= 0.5 * digit))
             return "\"" + tick.label + "\" \"" + set.offset + "\" is not " + told(tick.value) +
-                   " but " + (value ? told(*value) : "nothing") + in(min, max, request);
+                   " but " + (value ? told(*value) : "nothing") + in(first, second, request);
     }
     return {};
+}
+
+std::string tickFault(const Scale& scale, double first, double second, const TickRequest& request) {
+    return tickFault(scale.ticks(first, second, request), first, second, request);
 }
 
 std::optional<ToldTime> readTime(const Tick& tick) {
@@ -187,22 +193,24 @@ std::optional<ToldTime> readTime(const Tick& tick) {
     return result;
 }
 
-std::string timeTickFault(const Scale& scale, double first, double second,
+std::string timeTickFault(const TickSet& set, double first, double second,
                           const TickRequest& request) {
-    const TickSet set = scale.ticks(first, second, request);
-    const double min = std::min(first, second);
-    const double max = std::max(first, second);
-    if (const std::string fault = orderFault(set, min, max, request); !fault.empty())
-        return fault + in(min, max, request);
+    if (std::string fault = orderFault(set, first, second, request); !fault.empty())
+        return fault;
     for (const Tick& tick : set.major) {
         const auto time = readTime(tick);
         const double spacing = std::nextafter(std::abs(tick.value), 1e300) - std::abs(tick.value);
         if (!time || !(std::abs(time->instant - tick.value) <=
                        (time->lastDigit < 1.0 ? 0.5 * time->lastDigit + spacing : 0.0)))
             return "\"" + tick.group + "\" \"" + tick.label + "\" is not " + told(tick.value) +
-                   " but " + (time ? told(time->instant) : "nothing") + in(min, max, request);
+                   " but " + (time ? told(time->instant) : "nothing") + in(first, second, request);
     }
     return {};
+}
+
+std::string timeTickFault(const Scale& scale, double first, double second,
+                          const TickRequest& request) {
+    return timeTickFault(scale.ticks(first, second, request), first, second, request);
 }
 
 double RandomRanges::uniform(double from, double to) {

@@ -12,11 +12,17 @@ namespace zembra::test {
 
 /// What a reader expects of any set of ticks, told as the first fault found; empty for none.
 ///
-/// Ticks lie inside the range in strictly increasing order, no more than were asked for, no two
-/// read alike, and every number reads back as its value within half of the last digit shown.
+/// Ticks lie inside the range in strictly increasing order, no more than were asked for, and no two
+/// read alike.
+std::string orderFault(const TickSet& set, double first, double second, const TickRequest& request);
+
+/// Besides, every number reads back as its value within half of the last digit shown.
+std::string tickFault(const TickSet& set, double first, double second, const TickRequest& request);
 std::string tickFault(const Scale& scale, double first, double second, const TickRequest& request);
 
 /// The same for calendar ticks in UTC: every text reads back as its instant.
+std::string timeTickFault(const TickSet& set, double first, double second,
+                          const TickRequest& request);
 std::string timeTickFault(const Scale& scale, double first, double second,
                           const TickRequest& request);
 

@@ -41,8 +41,8 @@ struct Position {
 /// What has a coordinate that is not finite, or that an axis cannot place, is not drawn.
 class ZEMBRA_EXPORT Annotation : public Series {
 public:
-    /// Empty.
     bool takesCycleColor() const override;
+    /// Empty.
     Bounds bounds(const Scale& x, const Scale& y) const override;
 
 protected:
