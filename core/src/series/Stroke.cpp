@@ -401,8 +401,8 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
         return;
     // A pen of no width is drawn as the thinnest line there is.
     const double width = pen.widthF() > 0.0 ? pen.widthF() : 1.0;
-    const Rect limits = intersected(area.grown(width),
-                                    {-farthest, -farthest, 2.0 * farthest, 2.0 * farthest});
+    const Rect limits =
+        intersected(area.grown(width), {-farthest, -farthest, 2.0 * farthest, 2.0 * farthest});
     thread_local Stroke stroke;
     stroke.assign(path, limits);
     const bool dashed = isDashed(pen);
