@@ -207,9 +207,9 @@ TEST_F(ZembraView, AnUnwritableExportSaysWhyAndExitsWithOne) {
 TEST_F(ZembraView, AFolderThatTakesNoFilesSaysSoAndExitsWithOne) {
     workspace.write("data.csv", "x,y\n1,2\n2,3\n");
     // Not even root makes files there.
-    const Outcome outcome = run({"data.csv", "--export", "/sys/a.png"});
+    const Outcome outcome = run({"data.csv", "--export", "/proc/a.png"});
     EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_THAT(outcome.err, StartsWith("zembra-view: /sys/a.png: cannot be written: "));
+    EXPECT_THAT(outcome.err, StartsWith("zembra-view: /proc/a.png: cannot be written: "));
 }
 
 TEST_F(ZembraView, WhereThereIsNoRoomForAPictureTheOldOneStays) {
