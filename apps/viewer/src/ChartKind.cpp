@@ -28,6 +28,24 @@ std::optional<ChartKind> chartKind(std::string_view name) {
     return std::nullopt;
 }
 
+KindChoices choicesOf(ChartKind kind) {
+    switch (kind) {
+    case ChartKind::Histogram:
+        return {.x = false};
+    case ChartKind::Box:
+        return {.x = false, .logX = false};
+    case ChartKind::HeatMap:
+        return {.logX = false, .logY = false};
+    case ChartKind::Candlestick:
+        return {.y = false, .by = false};
+    case ChartKind::Line:
+    case ChartKind::Scatter:
+    case ChartKind::Bar:
+        break;
+    }
+    return {};
+}
+
 std::string chartKindName(ChartKind kind) {
     for (const auto& [known, name] : names) {
         if (known == kind)

@@ -32,10 +32,11 @@ void requireNoColumns(const std::string& path, const Options& options) {
 
 } // namespace
 
-Chart loadChart(const std::string& path, const Options& options, const ReadProgress& progress) {
+Chart loadChart(const Source& source, const Options& options, const ReadProgress& progress) {
+    const std::string& path = source.name;
     Chart chart;
     chart.name = path == "-" ? "standard input" : std::filesystem::path(path).stem().string();
-    if (isGridFile(path)) {
+    if (!source.text && isGridFile(path)) {
         requireNoColumns(path, options);
         ValueGrid grid = readGrid(path);
         chart.plot = std::make_shared<zembra::Plot>();
@@ -44,11 +45,14 @@ Chart loadChart(const std::string& path, const Options& options, const ReadProgr
         return chart;
     }
     const ReadRequest request{options.by, options.kind == ChartKind::HeatMap};
-    const auto table = std::make_shared<const Table>(readTable(path, request, progress));
+    const auto table = std::make_shared<const Table>(
+        source.text ? parseTable(*source.text, path, request, progress)
+                    : readTable(path, request, progress));
     ChartPlan plan = planChart(*table, options);
     chart.plot = buildChart(table, plan, options);
     if (!options.title)
         chart.plot->setTitle(chart.name);
+    chart.choice = choiceOf(*table, plan, options);
     chart.notes = std::move(plan.notes);
     return chart;
 }

@@ -86,6 +86,8 @@ private:
             chooseNamedX(*options.x);
             return;
         }
+        if (!options.guesses)
+            return;
         result.x = wordsForBars();
         if (result.x)
             return;
@@ -179,7 +181,7 @@ private:
     // Long form: the same x comes back for another word, and only once for each.
     void guessGrouping() {
         // What repeats so far tells nothing about the rows to come.
-        if (options.follow)
+        if (options.follow || !options.guesses)
             return;
         if (!result.x || kind(*result.x) == ColumnKind::Word ||
             isStrictlyIncreasing(column(*result.x).values))

@@ -37,7 +37,7 @@ public:
 
     ChartPlan boxes() {
         chooseValues();
-        if (!by)
+        if (!by && options.guesses)
             guessGroups();
         groupByNamed();
         for (const DrawnColumn& drawn : result.y) {
@@ -48,6 +48,8 @@ public:
     }
 
     ChartPlan heatMap() {
+        if (!options.guesses && !options.x)
+            return namedMatrix();
         if (isMatrix())
             return matrix();
         choosePositions();
@@ -57,8 +59,9 @@ public:
         if (!grid.problem.empty())
             failInData("--kind heat: " + describe(*result.x) + " and " + describe(vertical) + " " +
                        grid.problem);
-        note(column(*result.value).name + " over " + column(*result.x).name + " and " +
-             column(vertical).name + "; --x, --y and --by name other columns");
+        if (options.guesses)
+            note(column(*result.value).name + " over " + column(*result.x).name + " and " +
+                 column(vertical).name + "; --x, --y and --by name other columns");
         return result;
     }
 
@@ -158,6 +161,21 @@ private:
                findEvenGrid(column(0).values, column(1).values, table.rows).problem.empty();
     }
 
+    // Every row is one of the map's, header or not.
+    ChartPlan namedMatrix() {
+        if (by)
+            failInData("--kind heat: --by has no meaning without --x");
+        for (const std::string& name : options.y) {
+            const std::size_t index = named("--y", name);
+            require("--y", index, Wanted::Numbers);
+            requireClean(index);
+            result.y.push_back({index});
+        }
+        if (result.y.empty())
+            fail(1, "no column of numbers");
+        return result;
+    }
+
     ChartPlan matrix() {
         for (std::size_t c = 0; c < table.columns.size(); ++c) {
             requireClean(c);
@@ -204,13 +222,15 @@ private:
         if (options.x) {
             result.x = named("--x", *options.x);
             require("--x", *result.x, Wanted::NumbersOrTimes);
-        } else {
+        } else if (options.guesses) {
             result.x = firstOf(ColumnKind::Time, std::nullopt);
             const bool isPrice = std::ranges::any_of(
                 result.y, [](const DrawnColumn& drawn) { return drawn.column == 0; });
             if (!result.x && kind(0) == ColumnKind::Number && !isPrice)
                 result.x = 0;
         }
+        if (!result.x && !options.guesses)
+            return;
         if (!result.x) {
             note("no column gives x; the rows are numbered");
             return;

@@ -162,27 +162,12 @@ void requireFittingOptions(const Options& options) {
         throw Failure("--follow: needs a window; leave --export out");
     if (!options.kind)
         return;
-    switch (*options.kind) {
-    case ChartKind::Histogram:
-        refuse(options.x.has_value(), "--x", options);
-        break;
-    case ChartKind::Box:
-        refuse(options.x.has_value(), "--x", options);
-        refuse(options.logX, "--log-x", options);
-        break;
-    case ChartKind::HeatMap:
-        refuse(options.logX, "--log-x", options);
-        refuse(options.logY, "--log-y", options);
-        break;
-    case ChartKind::Candlestick:
-        refuse(!options.y.empty(), "--y", options);
-        refuse(options.by.has_value(), "--by", options);
-        break;
-    case ChartKind::Line:
-    case ChartKind::Scatter:
-    case ChartKind::Bar:
-        break;
-    }
+    const KindChoices takes = choicesOf(*options.kind);
+    refuse(!takes.x && options.x, "--x", options);
+    refuse(!takes.y && !options.y.empty(), "--y", options);
+    refuse(!takes.by && options.by, "--by", options);
+    refuse(!takes.logX && options.logX, "--log-x", options);
+    refuse(!takes.logY && options.logY, "--log-y", options);
 }
 
 } // namespace

@@ -11,7 +11,7 @@
 
 namespace viewer {
 
-/// What the command line asks for.
+/// What the command line asks for, or the user of a window.
 struct Options {
     /// Each becomes a chart; "-" is standard input. Empty for the sample charts.
     std::vector<std::string> files;
@@ -21,6 +21,10 @@ struct Options {
     std::optional<ChartKind> kind;
     bool logX = false;
     bool logY = false;
+    /// Whether what is not named is chosen as a reader would expect. Else the rows are numbered
+    /// without `x`, only `by` makes groups, and a heat map without `x` is a matrix of `y`.
+    /// Requires: `kind` where false.
+    bool guesses = true;
     PictureSize size;
     std::optional<std::string> title;
     std::vector<std::string> exports;

@@ -21,7 +21,10 @@ struct BadCell {
 /// A column of a table.
 struct Column {
     std::string name;
+    /// How its cells were read.
     ColumnType type;
+    /// What they look like; differs where the reader was asked for words or numbers.
+    ColumnType cells;
 
     /// Numbers, or seconds since the Unix epoch (UTC); NaN where a cell is empty or bad. Empty for
     /// columns of words.

@@ -6,6 +6,8 @@
 #include "Failure.h"
 #include "Numbers.h"
 
+#include <QBuffer>
+#include <QByteArray>
 #include <QFile>
 #include <QString>
 #include <QStringDecoder>
@@ -14,6 +16,7 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -86,6 +89,7 @@ public:
             Column column;
             column.name = toUtf8(types.names[c]);
             column.type = types.types[c];
+            column.cells = column.type;
             table.columns.push_back(std::move(column));
         }
     }
@@ -94,6 +98,13 @@ public:
         const std::optional<std::size_t> column = table.findColumn(name);
         if (column && table.columns[*column].type.kind == ColumnKind::Time)
             table.columns[*column].type = {ColumnKind::Word};
+    }
+
+    void takeYearsAsNumbers() {
+        for (Column& column : table.columns) {
+            if (column.type.kind == ColumnKind::Time && column.type.order == DateOrder::Year)
+                column.type = {ColumnKind::Number};
+        }
     }
 
     void reserve(std::size_t rows) {
@@ -126,6 +137,7 @@ public:
             // What the beginning took for numbers turned out to be words.
             if (column.badCells * 2 > column.filledCells) {
                 column.type = {ColumnKind::Word};
+                column.cells = column.type;
                 column.values = {};
                 column.tooManyWords = true;
             }
@@ -172,23 +184,35 @@ private:
     bool headerPending;
 };
 
-class InputFile {
+// The bytes of a file or of a text.
+class Input {
 public:
-    explicit InputFile(const std::string& path) : path(path), file(QString::fromStdString(path)) {
+    explicit Input(const std::string& path) : name(path) {
+        auto file = std::make_unique<QFile>(QString::fromStdString(path));
         const bool isOpen = path == "-"
-                                ? file.open(stdin, QIODevice::ReadOnly | QIODevice::Unbuffered)
-                                : file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+                                ? file->open(stdin, QIODevice::ReadOnly | QIODevice::Unbuffered)
+                                : file->open(QIODevice::ReadOnly | QIODevice::Unbuffered);
         if (!isOpen)
-            throw Failure(path + ": cannot be read: " + file.errorString().toStdString());
-        if (!file.isSequential())
-            total = file.size();
+            throw Failure(path + ": cannot be read: " + file->errorString().toStdString());
+        if (!file->isSequential())
+            total = file->size();
+        device = std::move(file);
+    }
+
+    /// Refers to the text.
+    Input(const std::string& text, std::string name)
+        : name(std::move(name)), total(static_cast<std::int64_t>(text.size())) {
+        auto memory = std::make_unique<QBuffer>();
+        memory->setData(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size())));
+        memory->open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        device = std::move(memory);
     }
 
     // The next bytes; none at the end.
     std::string_view read() {
-        const qint64 count = file.read(buffer.data(), chunkSize);
+        const qint64 count = device->read(buffer.data(), chunkSize);
         if (count < 0)
-            throw Failure(path + ": cannot be read: " + file.errorString().toStdString());
+            throw Failure(name + ": cannot be read: " + device->errorString().toStdString());
         done += count;
         return {buffer.data(), static_cast<std::size_t>(count)};
     }
@@ -197,15 +221,15 @@ public:
     std::int64_t size() const { return total; }
 
 private:
-    std::string path;
-    QFile file;
+    std::string name;
+    std::unique_ptr<QIODevice> device;
     std::string buffer = std::string(chunkSize, '\0');
     std::int64_t done = 0;
     std::int64_t total = 0;
 };
 
 // Pipes give bytes in small pieces; the first chunk should be worth a guess.
-std::string readHead(InputFile& input, bool& isWhole) {
+std::string readHead(Input& input, bool& isWhole) {
     std::string head;
     isWhole = false;
     while (head.size() < static_cast<std::size_t>(chunkSize)) {
@@ -263,13 +287,6 @@ std::vector<std::vector<std::string>> firstRecords(std::string_view head, bool i
     return records;
 }
 
-void takeYearsAsNumbers(ColumnTypes& types) {
-    for (ColumnType& type : types.types) {
-        if (type.kind == ColumnKind::Time && type.order == DateOrder::Year)
-            type = {ColumnKind::Number};
-    }
-}
-
 // From the first bytes of a file to the columns, and on to the last record.
 class TableStream {
 public:
@@ -280,10 +297,9 @@ public:
         const std::size_t comments = dropComments(head);
         const Dialect dialect = guessDialect(head, isWhole);
         const auto records = firstRecords(head, isWhole, dialect.separator);
-        ColumnTypes types = guessColumnTypes(records, dialect.decimalMark);
+        builder.emplace(name, guessColumnTypes(records, dialect.decimalMark), dialect);
         if (request.yearsAreNumbers)
-            takeYearsAsNumbers(types);
-        builder.emplace(name, types, dialect);
+            builder->takeYearsAsNumbers();
         if (request.wordColumn)
             builder->keepWords(*request.wordColumn);
         reader.emplace(
@@ -321,12 +337,10 @@ private:
     double rowsPerByte = 0.0;
 };
 
-} // namespace
-
-Table readTable(const std::string& path, const ReadRequest& request, const ReadProgress& progress) {
-    InputFile input(path);
+Table readAll(Input& input, const std::string& name, const ReadRequest& request,
+              const ReadProgress& progress) {
     bool isWhole = false;
-    TableStream stream(readHead(input, isWhole), path, request, isWhole);
+    TableStream stream(readHead(input, isWhole), name, request, isWhole);
     if (!isWhole)
         stream.expect(input.size());
     while (!isWhole) {
@@ -339,8 +353,45 @@ Table readTable(const std::string& path, const ReadRequest& request, const ReadP
     return stream.finish();
 }
 
-Table parseTable(std::string text, const std::string& name, const ReadRequest& request) {
-    return TableStream(std::move(text), name, request, true).finish();
+bool isNumber(std::string_view cell, const ColumnType& type, char decimalMark) {
+    return type.kind == ColumnKind::Number && std::isfinite(parseCell(cell, type, decimalMark));
+}
+
+} // namespace
+
+Table readTable(const std::string& path, const ReadRequest& request, const ReadProgress& progress) {
+    Input input(path);
+    return readAll(input, path, request, progress);
+}
+
+Table parseTable(const std::string& text, const std::string& name, const ReadRequest& request,
+                 const ReadProgress& progress) {
+    Input input(text, name);
+    return readAll(input, name, request, progress);
+}
+
+bool looksLikeTable(std::string_view text) {
+    const bool isWhole = text.size() <= static_cast<std::size_t>(chunkSize);
+    std::string head(text.substr(0, static_cast<std::size_t>(chunkSize)));
+    try {
+        checkEncoding({}, head);
+    } catch (const Failure&) {
+        return false;
+    }
+    dropComments(head);
+    const Dialect dialect = guessDialect(head, isWhole);
+    const auto records = firstRecords(head, isWhole, dialect.separator);
+    if (records.size() < 2)
+        return false;
+    const ColumnTypes types = guessColumnTypes(records, dialect.decimalMark);
+    return std::ranges::any_of(records, [&](const std::vector<std::string>& record) {
+        const std::size_t width = std::min(record.size(), types.types.size());
+        for (std::size_t c = 0; c < width; ++c) {
+            if (isNumber(record[c], types.types[c], dialect.decimalMark))
+                return true;
+        }
+        return false;
+    });
 }
 
 } // namespace viewer

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace viewer {
 
@@ -32,7 +33,12 @@ struct ReadRequest {
 /// text, or have a record with too many fields or a quote that is never closed.
 Table readTable(const std::string& path, const ReadRequest& request, const ReadProgress& progress);
 
-/// Understands a text, which messages call `name`, as if it were a file. Errors: as above.
-Table parseTable(std::string text, const std::string& name, const ReadRequest& request);
+/// Reads a text, which messages call `name`, as if it were a file. Errors: as above.
+Table parseTable(const std::string& text, const std::string& name, const ReadRequest& request,
+                 const ReadProgress& progress = {});
+
+/// Whether the beginning of a text reads like a table that could be drawn: at least two records,
+/// and a column of numbers. What comes later may still be no table.
+bool looksLikeTable(std::string_view text);
 
 } // namespace viewer

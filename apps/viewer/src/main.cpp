@@ -54,7 +54,7 @@ std::vector<Chart> readCharts(const Options& options) {
     for (const std::string& file : options.files) {
         Progress progress(file);
         charts.push_back(loadChart(
-            file, options, [&progress](std::int64_t bytes, std::int64_t size, std::size_t rows) {
+            {file}, options, [&progress](std::int64_t bytes, std::int64_t size, std::size_t rows) {
                 progress.update(bytes, size, rows);
                 return true;
             }));

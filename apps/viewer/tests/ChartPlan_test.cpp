@@ -220,5 +220,23 @@ TEST(ChartPlan, StrayWordsInColumnsThatAreNotDrawnDoNotMatter) {
     EXPECT_THAT(planOf("x,a,b\n1,2,3\n2,3,4\n3,oops,5\n", options).y, ElementsAre("b"));
 }
 
+TEST(ChartPlan, NothingIsGuessedWhereEverythingIsChosen) {
+    Options options;
+    options.guesses = false;
+    options.kind = ChartKind::Line;
+    options.y = {"price"};
+    Told told = planOf(longForm(), options);
+    EXPECT_EQ(told.x, "");
+    EXPECT_EQ(told.by, "");
+    EXPECT_THAT(told.plan.notes, IsEmpty());
+    options.x = "date";
+    told = planOf(longForm(), options);
+    EXPECT_EQ(told.x, "date");
+    EXPECT_EQ(told.by, "");
+    options.kind = ChartKind::Bar;
+    options.x.reset();
+    EXPECT_EQ(planOf("name,price\na,1\nb,2\n", options).x, "");
+}
+
 } // namespace
 } // namespace viewer

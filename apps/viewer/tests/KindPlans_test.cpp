@@ -181,5 +181,28 @@ TEST(CandlePlan, AMissingOrBadColumnIsNamed) {
               "data.csv:3: column 3 (low): \"?\" is not a number");
 }
 
+TEST(HeatPlan, ChosenColumnsWithoutXAreAMatrix) {
+    Options options = kind(ChartKind::HeatMap);
+    options.guesses = false;
+    options.y = {"c", "a"};
+    Told told = planOf("a,b,c\n1,2,3\n4,oops,6\n7,8,9\n", options);
+    EXPECT_THAT(told.y, ElementsAre("c", "a"));
+    EXPECT_EQ(told.x, "");
+    EXPECT_EQ(told.value, "");
+    options.by = "b";
+    EXPECT_THAT(refusal("a,b,c\n1,2,3\n4,5,6\n", options),
+                HasSubstr("--by has no meaning without --x"));
+}
+
+TEST(CandlePlan, ChosenCandlesCountRowsWithoutX) {
+    Options options = kind(ChartKind::Candlestick);
+    const std::string text = "date,open,high,low,close\n2000-01-01,1,3,0,2\n2000-01-02,2,4,1,3\n";
+    EXPECT_EQ(planOf(text, options).x, "date");
+    options.guesses = false;
+    const Told told = planOf(text, options);
+    EXPECT_EQ(told.x, "");
+    EXPECT_THAT(told.plan.notes, IsEmpty());
+}
+
 } // namespace
 } // namespace viewer

@@ -163,6 +163,46 @@ TEST(TableReader, SuperfluousSeparatorsAtTheEndAreFine) {
     EXPECT_EQ(tableOf("x,y\n1,2,\n3,4,,\n").rows, 2U);
 }
 
+TEST(TableReader, ATextIsReadAsAFileOfItWouldBe) {
+    std::string text = "t;v;w\n";
+    for (int i = 0; i < 60000; ++i)
+        text += std::to_string(i) + ";1,5;\"a;b\"\n";
+    std::int64_t last = 0;
+    const Table read =
+        parseTable(text, "clipboard", {}, [&](std::int64_t bytes, std::int64_t size, std::size_t) {
+            EXPECT_EQ(size, static_cast<std::int64_t>(text.size()));
+            last = bytes;
+            return true;
+        });
+    const Table same = tableOf(text);
+    EXPECT_EQ(last, static_cast<std::int64_t>(text.size()));
+    EXPECT_EQ(read.file, "clipboard");
+    EXPECT_EQ(read.rows, 60000U);
+    EXPECT_TRUE(read.dialect == same.dialect);
+    for (std::size_t c = 0; c < 3; ++c) {
+        EXPECT_EQ(read.columns[c].values, same.columns[c].values);
+        EXPECT_EQ(read.columns[c].codes, same.columns[c].codes);
+    }
+    EXPECT_EQ(failureOf([] { parseTable("x,y\n1,2\n1,2,7\n", "data.csv", {}); }),
+              "data.csv:3: column 3 (\"7\") is one too many, the header names 2");
+    EXPECT_THROW(parseTable(text, "clipboard", {},
+                            [](std::int64_t, std::int64_t, std::size_t) { return false; }),
+                 ReadingCancelled);
+}
+
+TEST(TableReader, ATableIsKnownByItsBeginning) {
+    using namespace std::string_view_literals;
+    for (const std::string_view text :
+         {"t\ta\n1\t2\n"sv, "1,2\n3,4"sv, "1\n2\n"sv, "name;v\nx;1,5\n"sv, "# note\na,b\n1,2\n"sv,
+          "\xEF\xBB\xBFx,y\r\n1,2\r\n"sv, "x,y\n1,2\n1,2,7\n"sv, "x,y\n1,2\n3,\"4\n5,6\n"sv})
+        EXPECT_TRUE(looksLikeTable(text)) << text;
+    for (const std::string_view text :
+         {""sv, "\n \n"sv, "1,2"sv, "42\n"sv, "hello world"sv, "Dear all,\nno, not now,\nbye\n"sv,
+          "a,b\nc,d\n"sv, ",,\n,,\n"sv, "# 1,2\n# 3,4\n"sv, "x,y\n1,2\n\0"sv,
+          "https://example.org/two.csv\n"sv})
+        EXPECT_FALSE(looksLikeTable(text)) << text;
+}
+
 TEST(TableReader, FilesThatCannotBeReadSayWhy) {
     const Workspace workspace;
     const auto read = [](const std::string& path) {

@@ -12,8 +12,8 @@
 
 namespace viewer {
 
-LoadJob::LoadJob(std::string path, Options options, QObject* parent)
-    : QObject(parent), file(std::move(path)), options(std::move(options)) {}
+LoadJob::LoadJob(Source source, Options options, QObject* parent)
+    : QObject(parent), from(std::move(source)), options(std::move(options)) {}
 
 LoadJob::~LoadJob() = default;
 
@@ -53,7 +53,7 @@ void LoadJob::run(const std::stop_token& stop) {
         tell([this, text = QString::fromStdString(message)] { Q_EMIT failed(text); });
     };
     try {
-        Chart made = loadChart(file, options, progress);
+        Chart made = loadChart(from, options, progress);
         // Shared so that the event can be copied.
         auto result = std::make_shared<Chart>(std::move(made));
         tell([this, result] {
@@ -65,9 +65,9 @@ void LoadJob::run(const std::stop_token& stop) {
     } catch (const Failure& failure) {
         fail(failure.what());
     } catch (const std::bad_alloc&) {
-        fail(file + ": there is not enough memory");
+        fail(from.name + ": there is not enough memory");
     } catch (const std::exception& error) {
-        fail(file + ": " + error.what());
+        fail(from.name + ": " + error.what());
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "ChartLoader.h"
 #include "Options.h"
+#include "Source.h"
 
 #include <QObject>
 #include <QString>
@@ -10,18 +11,17 @@
 #include <cstdint>
 #include <optional>
 #include <stop_token>
-#include <string>
 #include <thread>
 
 namespace viewer {
 
-/// Reads one file in a thread of its own and makes its chart. GUI thread only; the end of the job
-/// gives reading up and waits for it.
+/// Reads one file or text in a thread of its own and makes its chart. GUI thread only; the end of
+/// the job gives reading up and waits for it.
 class LoadJob : public QObject {
     Q_OBJECT
 
 public:
-    LoadJob(std::string path, Options options, QObject* parent = nullptr);
+    LoadJob(Source source, Options options, QObject* parent = nullptr);
     ~LoadJob() override;
 
     void start();
@@ -30,7 +30,7 @@ public:
 
     /// The chart, once, after `loaded`.
     Chart takeChart();
-    const std::string& path() const { return file; }
+    const Source& source() const { return from; }
 
 Q_SIGNALS:
     /// Bytes and rows so far; `size` is 0 where nobody knows.
@@ -45,7 +45,7 @@ private:
     template <class Function>
     void tell(Function function);
 
-    std::string file;
+    Source from;
     Options options;
     std::optional<Chart> chart;
     std::jthread thread;

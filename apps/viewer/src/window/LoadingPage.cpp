@@ -20,9 +20,9 @@ constexpr int barWidth = 360;
 
 } // namespace
 
-LoadingPage::LoadingPage(const std::string& path, const Options& options, QWidget* parent)
+LoadingPage::LoadingPage(const Source& source, const Options& options, QWidget* parent)
     : QWidget(parent),
-      loadJob(new LoadJob(path, options, this)),
+      loadJob(new LoadJob(source, options, this)),
       title(new QLabel(this)),
       rowCount(new QLabel(this)),
       bar(new QProgressBar(this)),
@@ -52,7 +52,7 @@ void LoadingPage::showProgress(qint64 bytes, qint64 size, qint64 rows) {
 }
 
 void LoadingPage::retranslate() {
-    const QString name = QFileInfo(QString::fromStdString(loadJob->path())).fileName();
+    const QString name = QFileInfo(QString::fromStdString(loadJob->source().name)).fileName();
     title->setText(tr("Reading %1").arg(name));
     rowCount->setText(rowsSoFar > 0 ? tr("%1 rows").arg(QLocale().toString(rowsSoFar)) : QString());
     cancel->setText(tr("Cancel"));

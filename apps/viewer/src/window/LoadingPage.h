@@ -11,13 +11,13 @@ class QPushButton;
 
 namespace viewer {
 
-/// Stands in the tab of a chart whose file is being read, with a progress bar and a way to give up.
+/// Stands in the tab of a chart that is being read, with a progress bar and a way to give up.
 /// Owns the job.
 class LoadingPage : public QWidget {
     Q_OBJECT
 
 public:
-    LoadingPage(const std::string& path, const Options& options, QWidget* parent = nullptr);
+    LoadingPage(const Source& source, const Options& options, QWidget* parent = nullptr);
 
     LoadJob* job() const { return loadJob; }
     QProgressBar* progressBar() const { return bar; }

@@ -138,7 +138,7 @@ void MainWindow::addChart(const QString& name, std::shared_ptr<zembra::Plot> plo
 }
 
 void MainWindow::openFile(const QString& path, const Options& options) {
-    auto* const page = new LoadingPage(path.toStdString(), options);
+    auto* const page = new LoadingPage({path.toStdString()}, options);
     tabs->setCurrentIndex(tabs->addTab(page, QFileInfo(path).completeBaseName()));
     LoadJob* const job = page->job();
     connect(job, &LoadJob::loaded, this, [this, page] { showLoaded(page); });
@@ -152,7 +152,7 @@ void MainWindow::openFile(const QString& path, const Options& options) {
 
 void MainWindow::showLoaded(LoadingPage* page) {
     const Chart chart = page->job()->takeChart();
-    const QString path = QString::fromStdString(page->job()->path());
+    const QString path = QString::fromStdString(page->job()->source().name);
     replaceTab(page, newPage(chart.plot), QString::fromStdString(chart.name));
     if (path != QStringLiteral("-"))
         rememberFile(path);

@@ -168,7 +168,7 @@ private Q_SLOTS:
         QByteArray text = "t,a\n";
         for (int i = 0; i < 1000000; ++i)
             text += "1234567.125,7654321.5\n";
-        LoadingPage page(write("big.csv", text).toStdString(), {});
+        LoadingPage page({write("big.csv", text).toStdString()}, {});
         const QSignalSpy progressed(page.job(), &viewer::LoadJob::progressed);
         const QSignalSpy loaded(page.job(), &viewer::LoadJob::loaded);
         page.job()->start();
