@@ -15,6 +15,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLocale>
+#include <QTabWidget>
 #include <QTimer>
 
 #include <cstdio>
@@ -134,7 +135,7 @@ int showWindow(int& argc, char** argv, const Options& options) {
     QObject::connect(&window, &MainWindow::openFailed, [&](const QString& message) {
         say(message.toStdString());
         waiting -= waiting > 0 ? 1 : 0;
-        if (!anyOpened && waiting == 0)
+        if (!anyOpened && waiting == 0 && window.tabWidget()->count() == 0)
             QCoreApplication::exit(2);
     });
     window.resize(options.size.width, options.size.height);

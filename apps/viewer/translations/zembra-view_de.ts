@@ -279,6 +279,14 @@
         <source>Tables and grids (*.csv *.tsv *.txt *.dat *.json);;All files (*)</source>
         <translation>Tabellen und Gitter (*.csv *.tsv *.txt *.dat *.json);;Alle Dateien (*)</translation>
     </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
 </context>
 <context>
     <name>zembra::ZembraNavigationWidget</name>

@@ -279,6 +279,14 @@
         <source>Tables and grids (*.csv *.tsv *.txt *.dat *.json);;All files (*)</source>
         <translation>Tablas y cuadrículas (*.csv *.tsv *.txt *.dat *.json);;Todos los archivos (*)</translation>
     </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Pegar</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>Portapapeles</translation>
+    </message>
 </context>
 <context>
     <name>zembra::ZembraNavigationWidget</name>

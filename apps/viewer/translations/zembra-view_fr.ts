@@ -279,6 +279,14 @@
         <source>Tables and grids (*.csv *.tsv *.txt *.dat *.json);;All files (*)</source>
         <translation>Tableaux et grilles (*.csv *.tsv *.txt *.dat *.json);;Tous les fichiers (*)</translation>
     </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>C&amp;oller</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>Presse-papiers</translation>
+    </message>
 </context>
 <context>
     <name>zembra::ZembraNavigationWidget</name>

@@ -279,6 +279,14 @@
         <source>Tables and grids (*.csv *.tsv *.txt *.dat *.json);;All files (*)</source>
         <translation>表格和网格 (*.csv *.tsv *.txt *.dat *.json);;所有文件 (*)</translation>
     </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>剪贴板</translation>
+    </message>
 </context>
 <context>
     <name>zembra::ZembraNavigationWidget</name>

@@ -3,26 +3,28 @@
 
 #include "window/ChartPage.h"
 #include "window/LoadingPage.h"
+#include "window/Openable.h"
+#include "window/PasteAction.h"
 #include "window/RecentFiles.h"
 
 #include <ZembraGraphicsView.h>
 #include <ZembraNavigationWidget.h>
 
 #include <QAction>
+#include <QClipboard>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QEvent>
 #include <QFileDialog>
-#include <QFileInfo>
+#include <QGuiApplication>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QSettings>
 #include <QTabWidget>
-#include <QUrl>
 
+#include <filesystem>
 #include <utility>
 
 namespace viewer {
@@ -33,18 +35,16 @@ QString hintKey() {
     return QStringLiteral("navigation/hideHint");
 }
 
-QList<QString> localFiles(const QMimeData& data) {
-    QList<QString> files;
-    for (const QUrl& url : data.urls()) {
-        if (url.isLocalFile())
-            files.append(url.toLocalFile());
-    }
-    return files;
+QString tabName(const QString& path) {
+    return path == QStringLiteral("-")
+               ? MainWindow::tr("Standard input")
+               : QString::fromStdString(std::filesystem::path(path.toStdString()).stem().string());
 }
 
 } // namespace
 
-MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), tabs(new QTabWidget(this)) {
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent), tabs(new QTabWidget(this)), pasteAction(new PasteAction(this)) {
     tabs->setDocumentMode(true);
     tabs->setTabBarAutoHide(true);
     tabs->setTabsClosable(true);
@@ -53,6 +53,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), tabs(new QTabWidg
     setAcceptDrops(true);
     connect(tabs, &QTabWidget::tabCloseRequested, this, &MainWindow::closeTab);
     connect(tabs, &QTabWidget::currentChanged, this, &MainWindow::updateTitle);
+    connect(pasteAction, &QAction::triggered, this, &MainWindow::paste);
     createMenus();
     updateTitle();
 }
@@ -72,13 +73,17 @@ void MainWindow::createMenus() {
     copy->setShortcut(QKeySequence::Copy);
     edit->addAction(tr("Copy Picture &As…"), this,
                     onPage([](ChartPage& page) { page.copyPictureAs(); }));
+    edit->addSeparator();
+    pasteAction->setText(tr("&Paste"));
+    edit->addAction(pasteAction);
 
     // The chart in front brings its own actions.
     QMenu* const view = menuBar()->addMenu(tr("&View"));
     connect(view, &QMenu::aboutToShow, this, [this, view] {
         view->clear();
-        if (const ChartPage* const page = currentPage())
+        if (const ChartPage* const page = currentPage()) {
             view->addActions(page->view()->navigationActions());
+        }
     });
 
     QMenu* const help = menuBar()->addMenu(tr("&Help"));
@@ -137,45 +142,70 @@ void MainWindow::addChart(const QString& name, std::shared_ptr<zembra::Plot> plo
     updateTitle();
 }
 
+LoadingPage* MainWindow::newTab(const Source& source, const Options& options, const QString& name) {
+    auto* const page = new LoadingPage(source, options);
+    tabs->setCurrentIndex(tabs->addTab(page, name));
+    connect(page->job(), &LoadJob::cancelled, this,
+            [this, page] { closeTab(tabs->indexOf(page)); });
+    return page;
+}
+
 void MainWindow::openFile(const QString& path, const Options& options) {
-    auto* const page = new LoadingPage({path.toStdString()}, options);
-    tabs->setCurrentIndex(tabs->addTab(page, QFileInfo(path).completeBaseName()));
-    LoadJob* const job = page->job();
-    connect(job, &LoadJob::loaded, this, [this, page] { showLoaded(page); });
-    connect(job, &LoadJob::cancelled, this, [this, page] { closeTab(tabs->indexOf(page)); });
-    connect(job, &LoadJob::failed, this, [this, page](const QString& message) {
-        closeTab(tabs->indexOf(page));
-        tellFailure(message);
+    LoadingPage* const page = newTab({path.toStdString()}, options, tabName(path));
+    connect(page->job(), &LoadJob::loaded, this, [this, page, path] {
+        showLoaded(page);
+        if (path != QStringLiteral("-"))
+            rememberFile(path);
+        Q_EMIT fileOpened(path);
     });
-    job->start();
+    connect(page->job(), &LoadJob::failed, this, [this, page](const QString& message) {
+        closeTab(tabs->indexOf(page));
+        // Without another chart the window may be about to go.
+        if (tabs->count() > 0)
+            showFailure(tr("Open"), message);
+        Q_EMIT openFailed(message);
+    });
+    page->job()->start();
 }
 
-void MainWindow::showLoaded(LoadingPage* page) {
-    const Chart chart = page->job()->takeChart();
-    const QString path = QString::fromStdString(page->job()->source().name);
-    replaceTab(page, newPage(chart.plot), QString::fromStdString(chart.name));
-    if (path != QStringLiteral("-"))
-        rememberFile(path);
-    for (const std::string& note : chart.notes)
-        Q_EMIT noted(QString::fromStdString(note));
-    Q_EMIT fileOpened(path);
+void MainWindow::openText(const QString& text) {
+    const QString name = tr("Clipboard");
+    Options options;
+    options.title = name.toStdString();
+    const Source source{"clipboard", std::make_shared<const std::string>(text.toStdString())};
+    LoadingPage* const page = newTab(source, options, name);
+    connect(page->job(), &LoadJob::loaded, this, [this, page] { showLoaded(page); });
+    connect(page->job(), &LoadJob::failed, this, [this, page](const QString& message) {
+        closeTab(tabs->indexOf(page));
+        showFailure(tr("Open"), message);
+    });
+    page->job()->start();
 }
 
-void MainWindow::replaceTab(QWidget* old, ChartPage* page, const QString& name) {
+// The tab keeps its name. What it showed is the caller's from then on.
+void MainWindow::replaceTab(QWidget* old, QWidget* page) {
     const int index = tabs->indexOf(old);
     const bool wasCurrent = tabs->currentIndex() == index;
-    page->setFileName(name);
-    tabs->insertTab(index, page, name);
+    tabs->insertTab(index, page, tabs->tabText(index));
     if (wasCurrent)
         tabs->setCurrentIndex(index);
     tabs->removeTab(tabs->indexOf(old));
-    // A signal of its own job may have led here.
-    old->deleteLater();
     if (wasCurrent)
         page->setFocus();
     updateTitle();
+}
+
+void MainWindow::showLoaded(LoadingPage* loading) {
+    const Chart chart = loading->job()->takeChart();
+    ChartPage* const page = newPage(chart.plot);
+    page->setFileName(tabs->tabText(tabs->indexOf(loading)));
+    replaceTab(loading, page);
+    // A signal of its own job has led here.
+    loading->deleteLater();
     if (hintWaits)
         offerHint();
+    for (const std::string& note : chart.notes)
+        Q_EMIT noted(QString::fromStdString(note));
 }
 
 void MainWindow::openLive(const QString& path, const Options& options) {
@@ -183,7 +213,9 @@ void MainWindow::openLive(const QString& path, const Options& options) {
     connect(source, &LiveSource::started, this, [this, source] { showLive(source); });
     connect(source, &LiveSource::failed, this, [this, source](const QString& message) {
         source->deleteLater();
-        tellFailure(message);
+        if (tabs->count() > 0)
+            showFailure(tr("Open"), message);
+        Q_EMIT openFailed(message);
     });
     source->start();
 }
@@ -192,7 +224,7 @@ void MainWindow::showLive(LiveSource* source) {
     const QString path = QString::fromStdString(source->path());
     const bool isStream = path == QStringLiteral("-");
     ChartPage* const page = newPage(source->table().plot());
-    const QString name = isStream ? tr("Standard input") : QFileInfo(path).completeBaseName();
+    const QString name = tabName(path);
     page->setFileName(name);
     // Reading ends with the page.
     source->setParent(page);
@@ -225,14 +257,10 @@ void MainWindow::closeTab(int index) {
     updateTitle();
 }
 
-void MainWindow::tellFailure(const QString& message) {
-    if (tabs->count() > 0) {
-        auto* const box =
-            new QMessageBox(QMessageBox::Warning, tr("Open"), message, QMessageBox::Ok, this);
-        box->setAttribute(Qt::WA_DeleteOnClose);
-        box->open();
-    }
-    Q_EMIT openFailed(message);
+void MainWindow::showFailure(const QString& title, const QString& message) {
+    auto* const box = new QMessageBox(QMessageBox::Warning, title, message, QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 void MainWindow::offerHint() {
@@ -256,18 +284,28 @@ void MainWindow::rememberHint(bool dontShowAgain) {
     QSettings().setValue(hintKey(), dontShowAgain);
 }
 
+void MainWindow::paste() {
+    open(Openable(QGuiApplication::clipboard()->mimeData()));
+}
+
+void MainWindow::open(const Openable& openable) {
+    for (const QString& file : openable.files)
+        openFile(file);
+    if (!openable.text.isEmpty())
+        openText(openable.text);
+}
+
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!localFiles(*event->mimeData()).isEmpty())
+    if (!Openable(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-    const QList<QString> files = localFiles(*event->mimeData());
-    if (files.isEmpty())
+    const Openable dropped(event->mimeData());
+    if (dropped.isEmpty())
         return;
     event->acceptProposedAction();
-    for (const QString& file : files)
-        openFile(file);
+    open(dropped);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Options.h"
+#include "Source.h"
 #include "window/LiveSource.h"
 
 #include <zembra/zembra.h>
@@ -18,9 +19,11 @@ namespace viewer {
 
 class ChartPage;
 class LoadingPage;
+class PasteAction;
+struct Openable;
 
-/// The window of zembra-view: charts in tabs, opened by dialog, by dropping files or by the
-/// program. A single chart shows without a tab bar.
+/// The window of zembra-view: charts in tabs, opened by dialog, dropped, pasted or opened by
+/// the program. A single chart shows without a tab bar.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -34,13 +37,17 @@ public:
     void openLive(const QString& path, const Options& options);
     /// Asks for files and opens them.
     void openByDialog();
+    /// Draws a text that is a table.
+    void openText(const QString& text);
+    /// Opens what is on the clipboard.
+    void paste();
     void closeTab(int index);
 
     /// Shows the hint about the controls beside the strip of the first chart that there is, unless
     /// the user has asked not to see it again.
     void offerHint();
 
-    /// The page in front; null without charts and while its file is being read.
+    /// The page in front; null without charts and while it is being read.
     ChartPage* currentPage() const;
     QTabWidget* tabWidget() const { return tabs; }
 
@@ -63,14 +70,17 @@ private:
     void createFileMenu();
     void fillRecentMenu(QMenu* menu);
     ChartPage* newPage(std::shared_ptr<zembra::Plot> plot);
-    void replaceTab(QWidget* old, ChartPage* page, const QString& name);
-    void showLoaded(LoadingPage* page);
+    LoadingPage* newTab(const Source& source, const Options& options, const QString& name);
+    void replaceTab(QWidget* old, QWidget* page);
+    void showLoaded(LoadingPage* loading);
+    void open(const Openable& openable);
     void showLive(LiveSource* source);
-    void tellFailure(const QString& message);
+    void showFailure(const QString& title, const QString& message);
     void updateTitle();
     void rememberHint(bool dontShowAgain);
 
     QTabWidget* tabs;
+    PasteAction* pasteAction;
     bool hintWaits = false;
 };
 

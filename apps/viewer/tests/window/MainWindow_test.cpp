@@ -10,6 +10,7 @@
 #include <ZembraGraphicsView.h>
 #include <ZembraNavigationWidget.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -19,6 +20,7 @@
 #include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
@@ -201,6 +203,101 @@ private Q_SLOTS:
         QVERIFY(!other.isAccepted());
     }
 
+    void ADroppedTableIsDrawn() {
+        MainWindow window;
+        window.show();
+        QMimeData data;
+        data.setText(QStringLiteral("t\ta\n1\t2\n2\t3\n"));
+        QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &drop);
+        QTRY_VERIFY(window.currentPage());
+        QCOMPARE(window.tabWidget()->tabText(0), QStringLiteral("Clipboard"));
+    }
+
+    void ACopiedTableIsPastedIntoATabOfItsOwn() {
+        MainWindow window;
+        const QSignalSpy opened(&window, &MainWindow::fileOpened);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QApplication::clipboard()->setText(QStringLiteral("t\tgröße\n1\t2,5\n2\t3,5\n"));
+        QTRY_VERIFY(pasteOf(window)->isEnabled());
+        QTest::keySequence(&window, QKeySequence::Paste);
+        QTRY_VERIFY(window.currentPage());
+        QCOMPARE(window.tabWidget()->tabText(0), QStringLiteral("Clipboard"));
+        const auto plot = window.currentPage()->view()->plot();
+        QCOMPARE(plot->title(), "Clipboard");
+        QCOMPARE(plot->axis(0).title(), "größe");
+        QCOMPARE(plot->series().size(), std::size_t{1});
+        // It is no file.
+        QVERIFY(viewer::recentFiles().isEmpty());
+        QCOMPARE(opened.size(), 0);
+    }
+
+    void CopiedFilesArePasted() {
+        MainWindow window;
+        auto* const data = new QMimeData;
+        data->setUrls({QUrl::fromLocalFile(write("one.csv", "t,a\n1,2\n2,3\n")),
+                       QUrl::fromLocalFile(write("two.csv", "t,a\n1,2\n2,3\n"))});
+        // A file manager brings the names along as text.
+        data->setText(QStringLiteral("1\n2\n"));
+        QApplication::clipboard()->setMimeData(data);
+        window.paste();
+        QTRY_VERIFY(window.currentPage());
+        QCOMPARE(window.tabWidget()->count(), 2);
+        QCOMPARE(window.tabWidget()->tabText(1), QStringLiteral("two"));
+        QTRY_COMPARE(viewer::recentFiles().size(), 2);
+    }
+
+    void OnlyWhatCanBeOpenedCanBePasted() {
+        MainWindow window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const QAction* const paste = pasteOf(window);
+        QApplication::clipboard()->setText(QStringLiteral("a,b\n1,2\n"));
+        QTRY_VERIFY(paste->isEnabled());
+        QApplication::clipboard()->setText(QStringLiteral("Dear reader, here is no table."));
+        QTRY_VERIFY(!paste->isEnabled());
+        auto* const data = new QMimeData;
+        data->setUrls({QUrl::fromLocalFile(QStringLiteral("/one.csv"))});
+        QApplication::clipboard()->setMimeData(data);
+        QTRY_VERIFY(paste->isEnabled());
+        auto* const link = new QMimeData;
+        link->setUrls({QUrl(QStringLiteral("https://example.org/two.csv"))});
+        QApplication::clipboard()->setMimeData(link);
+        QTRY_VERIFY(!paste->isEnabled());
+        window.paste();
+        QCOMPARE(window.tabWidget()->count(), 0);
+    }
+
+    void WhatWasCopiedMeanwhileIsLookedAtOnceTheWindowIsActive() {
+        MainWindow window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QApplication::clipboard()->setText(QStringLiteral("no table"));
+        QTRY_VERIFY(!pasteOf(window)->isEnabled());
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QApplication::clipboard()->setText(QStringLiteral("a,b\n1,2\n"));
+        QCoreApplication::processEvents();
+        QVERIFY(!pasteOf(window)->isEnabled());
+        window.activateWindow();
+        QTRY_VERIFY(pasteOf(window)->isEnabled());
+    }
+
+    void ATextThatMakesNoChartIsTold() {
+        MainWindow window;
+        window.openText(QStringLiteral("a,b\n1,2\n3,oops\n4,5\n"));
+        QTRY_VERIFY(window.findChild<QMessageBox*>());
+        QCOMPARE(window.findChild<QMessageBox*>()->text(),
+                 QStringLiteral("clipboard:3: column 2 (b): \"oops\" is not a number"));
+        QCOMPARE(window.tabWidget()->count(), 0);
+    }
+
     void RecentFilesAreTheNewestFirstAndEachOnce() {
         for (int i = 0; i < 12; ++i)
             viewer::rememberFile(QStringLiteral("/%1.csv").arg(i));
@@ -288,6 +385,14 @@ private Q_SLOTS:
     }
 
 private:
+    static QAction* pasteOf(const MainWindow& window) {
+        for (QAction* const action : window.findChildren<QAction*>()) {
+            if (action->shortcut() == QKeySequence(QKeySequence::Paste))
+                return action;
+        }
+        return nullptr;
+    }
+
     QString write(const char* name, const QByteArray& text) const {
         QFile file(folder.filePath(QString::fromLatin1(name)));
         if (file.open(QIODevice::WriteOnly))
