@@ -122,6 +122,157 @@
         <source>Print…</source>
         <translation>Drucken …</translation>
     </message>
+    <message>
+        <source>Choose &amp;Columns…</source>
+        <translation>&amp;Spalten wählen …</translation>
+    </message>
+</context>
+<context>
+    <name>viewer::ColumnDialog</name>
+    <message>
+        <source>Check &amp;All</source>
+        <translation>A&amp;lle ankreuzen</translation>
+    </message>
+    <message>
+        <source>Check &amp;None</source>
+        <translation>&amp;Keine ankreuzen</translation>
+    </message>
+    <message>
+        <source>&amp;Horizontal axis logarithmic</source>
+        <translation>&amp;Horizontale Achse logarithmisch</translation>
+    </message>
+    <message>
+        <source>&amp;Vertical axis logarithmic</source>
+        <translation>&amp;Vertikale Achse logarithmisch</translation>
+    </message>
+    <message>
+        <source>Choose Columns</source>
+        <translation>Spalten wählen</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Linien</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Balken</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>Histogramm</translation>
+    </message>
+    <message>
+        <source>Box plots</source>
+        <translation>Boxplots</translation>
+    </message>
+    <message>
+        <source>Heat map</source>
+        <translation>Heatmap</translation>
+    </message>
+    <message>
+        <source>Candles</source>
+        <translation>Kerzen</translation>
+    </message>
+    <message>
+        <source>Row number</source>
+        <translation>Zeilennummer</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>Spalte</translation>
+    </message>
+    <message>
+        <source>Holds</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>numbers</source>
+        <translation>Zahlen</translation>
+    </message>
+    <message>
+        <source>dates</source>
+        <translation>Zeiten</translation>
+    </message>
+    <message>
+        <source>words</source>
+        <translation>Wörter</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Part of a name</source>
+        <translation>Teil eines Namens</translation>
+    </message>
+    <message>
+        <source>Of the columns that the filter shows</source>
+        <translation>Von den Spalten, die der Filter zeigt</translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation>A&amp;rt:</translation>
+    </message>
+    <message>
+        <source>&amp;X:</source>
+        <translation>&amp;X:</translation>
+    </message>
+    <message>
+        <source>&amp;Filter:</source>
+        <translation>&amp;Filter:</translation>
+    </message>
+    <message>
+        <source>&amp;Y columns:</source>
+        <translation>&amp;Y-Spalten:</translation>
+    </message>
+    <message>
+        <source>&amp;By:</source>
+        <translation>&amp;Nach:</translation>
+    </message>
+    <message>
+        <source>This kind of chart cannot take x from that column.</source>
+        <translation>Diese Diagrammart kann x nicht aus dieser Spalte nehmen.</translation>
+    </message>
+    <message>
+        <source>This kind of chart cannot use that column after “By”.</source>
+        <translation>Diese Diagrammart kann mit dieser Spalte bei „Nach“ nichts anfangen.</translation>
+    </message>
+    <message>
+        <source>Check at least one column.</source>
+        <translation>Kreuzen Sie mindestens eine Spalte an.</translation>
+    </message>
+    <message>
+        <source>A heat map over x takes one column for y.</source>
+        <translation>Eine Heatmap über x braucht genau eine Spalte für y.</translation>
+    </message>
+    <message>
+        <source>Candles take the columns open, high, low and close.</source>
+        <translation>Kerzen nehmen die Spalten open, high, low und close.</translation>
+    </message>
+    <message>
+        <source>The checked columns make a matrix.</source>
+        <translation>Die angekreuzten Spalten bilden eine Matrix.</translation>
+    </message>
+    <message>
+        <source>The column after “By” gives the values.</source>
+        <translation>Die Spalte bei „Nach“ gibt die Werte.</translation>
+    </message>
+    <message>
+        <source>Columns checked: %1</source>
+        <translation>Angekreuzte Spalten: %1</translation>
+    </message>
+    <message>
+        <source>Y columns</source>
+        <translation>Y-Spalten</translation>
+    </message>
 </context>
 <context>
     <name>viewer::ExportDialog</name>
@@ -286,6 +437,10 @@
     <message>
         <source>Clipboard</source>
         <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Choose Columns</source>
+        <translation>Spalten wählen</translation>
     </message>
 </context>
 <context>

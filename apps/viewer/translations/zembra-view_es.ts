@@ -122,6 +122,157 @@
         <source>Print…</source>
         <translation>Imprimir…</translation>
     </message>
+    <message>
+        <source>Choose &amp;Columns…</source>
+        <translation>Elegir &amp;columnas…</translation>
+    </message>
+</context>
+<context>
+    <name>viewer::ColumnDialog</name>
+    <message>
+        <source>Check &amp;All</source>
+        <translation>&amp;Marcar todas</translation>
+    </message>
+    <message>
+        <source>Check &amp;None</source>
+        <translation>&amp;Desmarcar todas</translation>
+    </message>
+    <message>
+        <source>&amp;Horizontal axis logarithmic</source>
+        <translation>Eje &amp;horizontal logarítmico</translation>
+    </message>
+    <message>
+        <source>&amp;Vertical axis logarithmic</source>
+        <translation>Eje &amp;vertical logarítmico</translation>
+    </message>
+    <message>
+        <source>Choose Columns</source>
+        <translation>Elegir columnas</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Líneas</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>Marcadores</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Barras</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>Histograma</translation>
+    </message>
+    <message>
+        <source>Box plots</source>
+        <translation>Diagramas de caja</translation>
+    </message>
+    <message>
+        <source>Heat map</source>
+        <translation>Mapa de calor</translation>
+    </message>
+    <message>
+        <source>Candles</source>
+        <translation>Velas</translation>
+    </message>
+    <message>
+        <source>Row number</source>
+        <translation>Número de fila</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguna</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>Columna</translation>
+    </message>
+    <message>
+        <source>Holds</source>
+        <translation>Contenido</translation>
+    </message>
+    <message>
+        <source>numbers</source>
+        <translation>números</translation>
+    </message>
+    <message>
+        <source>dates</source>
+        <translation>fechas</translation>
+    </message>
+    <message>
+        <source>words</source>
+        <translation>palabras</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Part of a name</source>
+        <translation>Parte de un nombre</translation>
+    </message>
+    <message>
+        <source>Of the columns that the filter shows</source>
+        <translation>De las columnas que muestra el filtro</translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation>&amp;Tipo:</translation>
+    </message>
+    <message>
+        <source>&amp;X:</source>
+        <translation>&amp;X:</translation>
+    </message>
+    <message>
+        <source>&amp;Filter:</source>
+        <translation>&amp;Filtro:</translation>
+    </message>
+    <message>
+        <source>&amp;Y columns:</source>
+        <translation>Columnas &amp;Y:</translation>
+    </message>
+    <message>
+        <source>&amp;By:</source>
+        <translation>&amp;Por:</translation>
+    </message>
+    <message>
+        <source>This kind of chart cannot take x from that column.</source>
+        <translation>Este tipo de gráfico no puede tomar x de esa columna.</translation>
+    </message>
+    <message>
+        <source>This kind of chart cannot use that column after “By”.</source>
+        <translation>Este tipo de gráfico no puede usar esa columna en «Por».</translation>
+    </message>
+    <message>
+        <source>Check at least one column.</source>
+        <translation>Marque al menos una columna.</translation>
+    </message>
+    <message>
+        <source>A heat map over x takes one column for y.</source>
+        <translation>Un mapa de calor sobre x toma una sola columna para y.</translation>
+    </message>
+    <message>
+        <source>Candles take the columns open, high, low and close.</source>
+        <translation>Las velas toman las columnas open, high, low y close.</translation>
+    </message>
+    <message>
+        <source>The checked columns make a matrix.</source>
+        <translation>Las columnas marcadas forman una matriz.</translation>
+    </message>
+    <message>
+        <source>The column after “By” gives the values.</source>
+        <translation>La columna en «Por» da los valores.</translation>
+    </message>
+    <message>
+        <source>Columns checked: %1</source>
+        <translation>Columnas marcadas: %1</translation>
+    </message>
+    <message>
+        <source>Y columns</source>
+        <translation>Columnas Y</translation>
+    </message>
 </context>
 <context>
     <name>viewer::ExportDialog</name>
@@ -286,6 +437,10 @@
     <message>
         <source>Clipboard</source>
         <translation>Portapapeles</translation>
+    </message>
+    <message>
+        <source>Choose Columns</source>
+        <translation>Elegir columnas</translation>
     </message>
 </context>
 <context>

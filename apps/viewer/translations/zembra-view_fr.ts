@@ -122,6 +122,157 @@
         <source>Print…</source>
         <translation>Imprimer…</translation>
     </message>
+    <message>
+        <source>Choose &amp;Columns…</source>
+        <translation>Choisir les &amp;colonnes…</translation>
+    </message>
+</context>
+<context>
+    <name>viewer::ColumnDialog</name>
+    <message>
+        <source>Check &amp;All</source>
+        <translation>To&amp;ut cocher</translation>
+    </message>
+    <message>
+        <source>Check &amp;None</source>
+        <translation>Tout &amp;décocher</translation>
+    </message>
+    <message>
+        <source>&amp;Horizontal axis logarithmic</source>
+        <translation>Axe &amp;horizontal logarithmique</translation>
+    </message>
+    <message>
+        <source>&amp;Vertical axis logarithmic</source>
+        <translation>Axe &amp;vertical logarithmique</translation>
+    </message>
+    <message>
+        <source>Choose Columns</source>
+        <translation>Choisir les colonnes</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Lignes</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>Points</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Barres</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>Histogramme</translation>
+    </message>
+    <message>
+        <source>Box plots</source>
+        <translation>Boîtes à moustaches</translation>
+    </message>
+    <message>
+        <source>Heat map</source>
+        <translation>Carte de chaleur</translation>
+    </message>
+    <message>
+        <source>Candles</source>
+        <translation>Chandeliers</translation>
+    </message>
+    <message>
+        <source>Row number</source>
+        <translation>Numéro de ligne</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucune</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>Colonne</translation>
+    </message>
+    <message>
+        <source>Holds</source>
+        <translation>Contenu</translation>
+    </message>
+    <message>
+        <source>numbers</source>
+        <translation>nombres</translation>
+    </message>
+    <message>
+        <source>dates</source>
+        <translation>dates</translation>
+    </message>
+    <message>
+        <source>words</source>
+        <translation>mots</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Part of a name</source>
+        <translation>Partie d’un nom</translation>
+    </message>
+    <message>
+        <source>Of the columns that the filter shows</source>
+        <translation>Parmi les colonnes que montre le filtre</translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation>&amp;Type :</translation>
+    </message>
+    <message>
+        <source>&amp;X:</source>
+        <translation>&amp;X :</translation>
+    </message>
+    <message>
+        <source>&amp;Filter:</source>
+        <translation>&amp;Filtre :</translation>
+    </message>
+    <message>
+        <source>&amp;Y columns:</source>
+        <translation>Colonnes &amp;Y :</translation>
+    </message>
+    <message>
+        <source>&amp;By:</source>
+        <translation>&amp;Par :</translation>
+    </message>
+    <message>
+        <source>This kind of chart cannot take x from that column.</source>
+        <translation>Ce type de graphique ne peut pas prendre x dans cette colonne.</translation>
+    </message>
+    <message>
+        <source>This kind of chart cannot use that column after “By”.</source>
+        <translation>Ce type de graphique ne peut pas utiliser cette colonne pour « Par ».</translation>
+    </message>
+    <message>
+        <source>Check at least one column.</source>
+        <translation>Cochez au moins une colonne.</translation>
+    </message>
+    <message>
+        <source>A heat map over x takes one column for y.</source>
+        <translation>Une carte de chaleur sur x prend une seule colonne pour y.</translation>
+    </message>
+    <message>
+        <source>Candles take the columns open, high, low and close.</source>
+        <translation>Les chandeliers prennent les colonnes open, high, low et close.</translation>
+    </message>
+    <message>
+        <source>The checked columns make a matrix.</source>
+        <translation>Les colonnes cochées forment une matrice.</translation>
+    </message>
+    <message>
+        <source>The column after “By” gives the values.</source>
+        <translation>La colonne pour « Par » donne les valeurs.</translation>
+    </message>
+    <message>
+        <source>Columns checked: %1</source>
+        <translation>Colonnes cochées : %1</translation>
+    </message>
+    <message>
+        <source>Y columns</source>
+        <translation>Colonnes Y</translation>
+    </message>
 </context>
 <context>
     <name>viewer::ExportDialog</name>
@@ -286,6 +437,10 @@
     <message>
         <source>Clipboard</source>
         <translation>Presse-papiers</translation>
+    </message>
+    <message>
+        <source>Choose Columns</source>
+        <translation>Choisir les colonnes</translation>
     </message>
 </context>
 <context>

@@ -122,6 +122,157 @@
         <source>Print…</source>
         <translation>打印…</translation>
     </message>
+    <message>
+        <source>Choose &amp;Columns…</source>
+        <translation>选择列(&amp;C)…</translation>
+    </message>
+</context>
+<context>
+    <name>viewer::ColumnDialog</name>
+    <message>
+        <source>Check &amp;All</source>
+        <translation>全选(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Check &amp;None</source>
+        <translation>全不选(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Horizontal axis logarithmic</source>
+        <translation>水平轴取对数(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Vertical axis logarithmic</source>
+        <translation>垂直轴取对数(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Choose Columns</source>
+        <translation>选择列</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>折线</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>散点</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>柱形</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>直方图</translation>
+    </message>
+    <message>
+        <source>Box plots</source>
+        <translation>箱线图</translation>
+    </message>
+    <message>
+        <source>Heat map</source>
+        <translation>热图</translation>
+    </message>
+    <message>
+        <source>Candles</source>
+        <translation>K 线</translation>
+    </message>
+    <message>
+        <source>Row number</source>
+        <translation>行号</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>列</translation>
+    </message>
+    <message>
+        <source>Holds</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>numbers</source>
+        <translation>数字</translation>
+    </message>
+    <message>
+        <source>dates</source>
+        <translation>日期</translation>
+    </message>
+    <message>
+        <source>words</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>Part of a name</source>
+        <translation>名称的一部分</translation>
+    </message>
+    <message>
+        <source>Of the columns that the filter shows</source>
+        <translation>仅限筛选后显示的列</translation>
+    </message>
+    <message>
+        <source>&amp;Kind:</source>
+        <translation>类型(&amp;K)：</translation>
+    </message>
+    <message>
+        <source>&amp;X:</source>
+        <translation>&amp;X：</translation>
+    </message>
+    <message>
+        <source>&amp;Filter:</source>
+        <translation>筛选(&amp;F)：</translation>
+    </message>
+    <message>
+        <source>&amp;Y columns:</source>
+        <translation>&amp;Y 列：</translation>
+    </message>
+    <message>
+        <source>&amp;By:</source>
+        <translation>分组(&amp;B)：</translation>
+    </message>
+    <message>
+        <source>This kind of chart cannot take x from that column.</source>
+        <translation>这种图表不能用该列作为 x。</translation>
+    </message>
+    <message>
+        <source>This kind of chart cannot use that column after “By”.</source>
+        <translation>这种图表不能用该列进行“分组”。</translation>
+    </message>
+    <message>
+        <source>Check at least one column.</source>
+        <translation>请至少勾选一列。</translation>
+    </message>
+    <message>
+        <source>A heat map over x takes one column for y.</source>
+        <translation>带 x 的热图只能有一个 y 列。</translation>
+    </message>
+    <message>
+        <source>Candles take the columns open, high, low and close.</source>
+        <translation>K 线使用 open、high、low 和 close 列。</translation>
+    </message>
+    <message>
+        <source>The checked columns make a matrix.</source>
+        <translation>勾选的列组成一个矩阵。</translation>
+    </message>
+    <message>
+        <source>The column after “By” gives the values.</source>
+        <translation>“分组”列给出数值。</translation>
+    </message>
+    <message>
+        <source>Columns checked: %1</source>
+        <translation>已勾选列数：%1</translation>
+    </message>
+    <message>
+        <source>Y columns</source>
+        <translation>Y 列</translation>
+    </message>
 </context>
 <context>
     <name>viewer::ExportDialog</name>
@@ -286,6 +437,10 @@
     <message>
         <source>Clipboard</source>
         <translation>剪贴板</translation>
+    </message>
+    <message>
+        <source>Choose Columns</source>
+        <translation>选择列</translation>
     </message>
 </context>
 <context>

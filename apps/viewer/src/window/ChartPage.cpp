@@ -3,6 +3,7 @@
 
 #include "Failure.h"
 #include "PictureKind.h"
+#include "window/ColumnDialog.h"
 #include "window/ExportDialog.h"
 #include "window/Printing.h"
 
@@ -21,6 +22,8 @@
 #include <QPrinter>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace viewer {
 
 namespace {
@@ -36,7 +39,8 @@ Ground groundOf(const QPalette& palette) {
 ChartPage::ChartPage(std::shared_ptr<zembra::Plot> plot, QWidget* parent)
     : QWidget(parent),
       navigationStrip(new zembra::ZembraNavigationWidget(this)),
-      chartView(new zembra::ZembraGraphicsView(this)) {
+      chartView(new zembra::ZembraGraphicsView(this)),
+      columns(new QAction(this)) {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -48,6 +52,9 @@ ChartPage::ChartPage(std::shared_ptr<zembra::Plot> plot, QWidget* parent)
     navigationStrip->setGraphicsView(chartView);
     // Keys zoom at once, without a click into the chart first.
     setFocusProxy(chartView);
+    columns->setEnabled(false);
+    connect(columns, &QAction::triggered, this, &ChartPage::chooseColumns);
+    retranslate();
     followPalette();
 }
 
@@ -127,8 +134,25 @@ void ChartPage::print() {
         QMessageBox::warning(this, tr("Print"), tr("The chart could not be printed."));
 }
 
+void ChartPage::setChoice(std::optional<ColumnChoice> newChoice) {
+    choice = std::move(newChoice);
+    columns->setEnabled(choice.has_value());
+}
+
+void ChartPage::chooseColumns() {
+    if (!choice)
+        return;
+    auto* const dialog = new ColumnDialog(*choice, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &ColumnDialog::accepted, this,
+            [this, dialog] { Q_EMIT redrawWanted(dialog->options()); });
+    dialog->open();
+}
+
 void ChartPage::fillMenu(QMenu& menu) {
     menu.addActions(chartView->navigationActions());
+    menu.addSeparator();
+    menu.addAction(columns);
     menu.addSeparator();
     menu.addAction(tr("Copy Picture"), this, [this] { copyPicture(); });
     menu.addAction(tr("Copy Picture As…"), this, &ChartPage::copyPictureAs);
@@ -147,6 +171,12 @@ void ChartPage::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         followPalette();
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void ChartPage::retranslate() {
+    columns->setText(tr("Choose &Columns…"));
 }
 
 void ChartPage::followPalette() {

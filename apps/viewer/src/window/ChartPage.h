@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ColumnChoice.h"
 #include "Exporter.h"
 #include "PlotColors.h"
 
@@ -12,6 +13,7 @@
 #include <memory>
 #include <optional>
 
+class QAction;
 class QMenu;
 
 namespace zembra {
@@ -44,6 +46,13 @@ public:
     /// Puts the chart on the clipboard in a size of its own.
     void copyPicture(const PictureSize& size, std::optional<Ground> ground);
 
+    /// What the chart shows of its table; none where nothing can be chosen.
+    void setChoice(std::optional<ColumnChoice> choice);
+    /// Asks what to draw; `redrawWanted` follows. Nothing happens without a choice.
+    void chooseColumns();
+    /// The action that does so; disabled without a choice.
+    QAction* columnsAction() const { return columns; }
+
     /// Adds all actions of the chart to a menu.
     void fillMenu(QMenu& menu);
 
@@ -53,17 +62,24 @@ public:
     zembra::ZembraGraphicsView* view() const { return chartView; }
     zembra::ZembraNavigationWidget* strip() const { return navigationStrip; }
 
+Q_SIGNALS:
+    /// The user has chosen what to draw instead.
+    void redrawWanted(const viewer::Options& options);
+
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    void retranslate();
     void followPalette();
     template <class Draw>
     void drawApart(std::optional<Ground> ground, Draw draw);
 
     zembra::ZembraNavigationWidget* navigationStrip;
     zembra::ZembraGraphicsView* chartView;
+    QAction* columns;
+    std::optional<ColumnChoice> choice;
     QString fileName = QStringLiteral("chart");
 };
 

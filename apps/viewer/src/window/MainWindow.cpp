@@ -83,6 +83,8 @@ void MainWindow::createMenus() {
         view->clear();
         if (const ChartPage* const page = currentPage()) {
             view->addActions(page->view()->navigationActions());
+            view->addSeparator();
+            view->addAction(page->columnsAction());
         }
     });
 
@@ -196,9 +198,15 @@ void MainWindow::replaceTab(QWidget* old, QWidget* page) {
 }
 
 void MainWindow::showLoaded(LoadingPage* loading) {
-    const Chart chart = loading->job()->takeChart();
+    Chart chart = loading->job()->takeChart();
+    const Source source = loading->job()->source();
     ChartPage* const page = newPage(chart.plot);
     page->setFileName(tabs->tabText(tabs->indexOf(loading)));
+    // What came through standard input does not come again.
+    if (source.name != "-")
+        page->setChoice(std::move(chart.choice));
+    connect(page, &ChartPage::redrawWanted, this,
+            [this, page, source](const Options& options) { redraw(page, source, options); });
     replaceTab(loading, page);
     // A signal of its own job has led here.
     loading->deleteLater();
@@ -206,6 +214,25 @@ void MainWindow::showLoaded(LoadingPage* loading) {
         offerHint();
     for (const std::string& note : chart.notes)
         Q_EMIT noted(QString::fromStdString(note));
+}
+
+// The old page waits, hidden, in the one that takes its place: it goes with it, or comes back where
+// there is no other chart.
+void MainWindow::redraw(ChartPage* page, const Source& source, const Options& options) {
+    auto* const loading = new LoadingPage(source, options);
+    replaceTab(page, loading);
+    page->setParent(loading);
+    const auto comeBack = [this, page, loading] {
+        replaceTab(loading, page);
+        loading->deleteLater();
+    };
+    connect(loading->job(), &LoadJob::loaded, this, [this, loading] { showLoaded(loading); });
+    connect(loading->job(), &LoadJob::cancelled, this, comeBack);
+    connect(loading->job(), &LoadJob::failed, this, [this, comeBack](const QString& message) {
+        comeBack();
+        showFailure(tr("Choose Columns"), message);
+    });
+    loading->job()->start();
 }
 
 void MainWindow::openLive(const QString& path, const Options& options) {

@@ -73,6 +73,7 @@ private:
     LoadingPage* newTab(const Source& source, const Options& options, const QString& name);
     void replaceTab(QWidget* old, QWidget* page);
     void showLoaded(LoadingPage* loading);
+    void redraw(ChartPage* page, const Source& source, const Options& options);
     void open(const Openable& openable);
     void showLive(LiveSource* source);
     void showFailure(const QString& title, const QString& message);

@@ -153,7 +153,7 @@ private Q_SLOTS:
         for (const QAction* const action : menu.actions())
             texts.append(action->text());
         for (const char* const text :
-             {"Copy Picture", "Copy Picture As…", "Save Picture As…", "Print…"})
+             {"Copy Picture", "Copy Picture As…", "Save Picture As…", "Print…", "Choose &Columns…"})
             QVERIFY2(texts.contains(QString::fromUtf8(text)), text);
     }
 

@@ -3,6 +3,7 @@
 
 #include "Samples.h"
 #include "window/ChartPage.h"
+#include "window/ColumnDialog.h"
 #include "window/LoadingPage.h"
 #include "window/RecentFiles.h"
 #include "window/Translations.h"
@@ -12,7 +13,9 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -32,6 +35,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QTranslator>
+#include <QTreeWidget>
 #include <QUrl>
 
 #include <array>
@@ -298,6 +302,108 @@ private Q_SLOTS:
         QCOMPARE(window.tabWidget()->count(), 0);
     }
 
+    void OtherColumnsAreDrawnInTheSameTab() {
+        MainWindow window;
+        const QSignalSpy opened(&window, &MainWindow::fileOpened);
+        window.openFile(write("one.csv", "t,a,b\n1,2,3\n2,3,4\n3,5,6\n"));
+        window.openFile(write("two.csv", "t,a\n1,2\n2,3\n"));
+        QTRY_COMPARE(opened.size(), 2);
+        window.tabWidget()->setCurrentIndex(0);
+        ChartPage* const page = window.currentPage();
+        QVERIFY(page->columnsAction()->isEnabled());
+        viewer::ColumnDialog* const dialog = askedFor(*page);
+        dialog->kindBox()->setCurrentIndex(1);
+        dialog->yList()->topLevelItem(1)->setCheckState(0, Qt::Unchecked);
+        dialog->accept();
+        QTRY_VERIFY(window.currentPage() && window.currentPage() != page);
+        QCOMPARE(window.tabWidget()->count(), 2);
+        QCOMPARE(window.tabWidget()->tabText(0), QStringLiteral("one"));
+        QCOMPARE(window.tabWidget()->currentIndex(), 0);
+        const auto plot = window.currentPage()->view()->plot();
+        QCOMPARE(plot->series().size(), std::size_t{1});
+        QVERIFY(std::dynamic_pointer_cast<zembra::ScatterSeries>(plot->series()[0]));
+        QCOMPARE(plot->axis(0).title(), "b");
+        // The next choice begins with this one, and the old page is gone.
+        QCOMPARE(askedFor(*window.currentPage())->kindBox()->currentIndex(), 1);
+        QTRY_COMPARE(window.findChildren<ChartPage*>().size(), qsizetype(2));
+        QCOMPARE(opened.size(), 2);
+    }
+
+    void ColumnsOfACopiedTableAreChosenFromTheTextThatWasKept() {
+        MainWindow window;
+        window.openText(QStringLiteral("t,a,b\n1,2,3\n2,3,4\n"));
+        QTRY_VERIFY(window.currentPage());
+        ChartPage* const page = window.currentPage();
+        viewer::ColumnDialog* const dialog = askedFor(*page);
+        dialog->xBox()->setCurrentIndex(0);
+        dialog->accept();
+        QTRY_VERIFY(window.currentPage() && window.currentPage() != page);
+        QCOMPARE(window.tabWidget()->tabText(0), QStringLiteral("Clipboard"));
+        QCOMPARE(window.currentPage()->view()->plot()->axis(2).title(), "row");
+    }
+
+    void AChoiceThatMakesNoChartKeepsTheOldOne() {
+        MainWindow window;
+        const QSignalSpy failed(&window, &MainWindow::openFailed);
+        window.openFile(write("one.csv", "t,a,w\n1,-2,x\n2,-3,y\n"));
+        window.resize(500, 400);
+        window.show();
+        QTRY_VERIFY(window.currentPage());
+        ChartPage* const page = window.currentPage();
+        viewer::ColumnDialog* const dialog = askedFor(*page);
+        dialog->logYBox()->setChecked(true);
+        dialog->accept();
+        QTRY_VERIFY(window.findChild<QMessageBox*>());
+        QVERIFY(window.findChild<QMessageBox*>()->text().endsWith(
+            QStringLiteral("one.csv:2: --log-y: column 2 (a) has no value above 0")));
+        QCOMPARE(window.currentPage(), page);
+        QVERIFY(page->isVisible());
+        QCOMPARE(window.tabWidget()->count(), 1);
+        QCOMPARE(window.tabWidget()->tabText(0), QStringLiteral("one"));
+        QVERIFY(!askedFor(*page)->logYBox()->isChecked());
+        QTRY_VERIFY(!window.findChild<LoadingPage*>());
+        // A file is not opened twice, so it cannot fail to be.
+        QCOMPARE(failed.size(), 0);
+    }
+
+    void GivingUpToDrawOtherColumnsKeepsTheChart() {
+        QByteArray text = "t,a,b\n";
+        for (int i = 0; i < 1000000; ++i)
+            text += "1234567.125,7654321.5,1\n";
+        MainWindow window;
+        window.openFile(write("big.csv", text));
+        QTRY_VERIFY_WITH_TIMEOUT(window.currentPage(), 30000);
+        ChartPage* const page = window.currentPage();
+        QTRY_VERIFY(!window.findChild<LoadingPage*>());
+        askedFor(*page)->accept();
+        const auto* const loading = window.findChild<LoadingPage*>();
+        QVERIFY(loading && !window.currentPage());
+        loading->cancelButton()->click();
+        QTRY_COMPARE(window.currentPage(), page);
+        // Closing the tab while it reads takes the waiting chart along.
+        QTRY_VERIFY(!window.findChild<LoadingPage*>());
+        askedFor(*page)->accept();
+        window.closeTab(0);
+        QTRY_VERIFY(!window.findChild<ChartPage*>());
+        QCOMPARE(window.tabWidget()->count(), 0);
+    }
+
+    void ChartsWithoutATableHaveNoColumnsToChoose() {
+        MainWindow window;
+        window.addChart(QStringLiteral("sample"), somePlot());
+        QVERIFY(!window.currentPage()->columnsAction()->isEnabled());
+        window.currentPage()->chooseColumns();
+        QVERIFY(!window.findChild<viewer::ColumnDialog*>());
+        window.openFile(write("grid.json", R"({"width": 2, "height": 2, "values": [1, 2, 3, 4]})"));
+        QTRY_VERIFY(window.currentPage());
+        QVERIFY(!window.currentPage()->columnsAction()->isEnabled());
+        viewer::Options options;
+        options.follow = true;
+        window.openLive(write("live.csv", "t,a\n1,2\n2,3\n"), options);
+        QTRY_COMPARE(window.tabWidget()->count(), 3);
+        QVERIFY(!window.currentPage()->columnsAction()->isEnabled());
+    }
+
     void RecentFilesAreTheNewestFirstAndEachOnce() {
         for (int i = 0; i < 12; ++i)
             viewer::rememberFile(QStringLiteral("/%1.csv").arg(i));
@@ -389,6 +495,17 @@ private:
         for (QAction* const action : window.findChildren<QAction*>()) {
             if (action->shortcut() == QKeySequence(QKeySequence::Paste))
                 return action;
+        }
+        return nullptr;
+    }
+
+    // The dialog that the action of the page opens.
+    static viewer::ColumnDialog* askedFor(ChartPage& page) {
+        const auto before = page.findChildren<viewer::ColumnDialog*>();
+        page.columnsAction()->trigger();
+        for (viewer::ColumnDialog* const dialog : page.findChildren<viewer::ColumnDialog*>()) {
+            if (!before.contains(dialog))
+                return dialog;
         }
         return nullptr;
     }
