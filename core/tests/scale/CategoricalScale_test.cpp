@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/scale/Scale.h>
 
+#include "support/TickTexts.h"
+
 #include <gtest/gtest.h>
 
 using namespace zembra;
+using namespace zembra::test;
 
 namespace {
 
@@ -12,12 +15,6 @@ std::string line(const TickSet& set) {
     for (const Tick& tick : set.major)
         text += tick.label;
     return text;
-}
-
-TickRequest most(int maxMajor) {
-    TickRequest request;
-    request.maxMajor = maxMajor;
-    return request;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <zembra/scale/Scale.h>
 
 #include "support/TickChecks.h"
+#include "support/TickTexts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,12 +25,6 @@ std::vector<std::string> labels(const TickSet& set) {
     for (const Tick& tick : set.major)
         texts.push_back(tick.label);
     return texts;
-}
-
-TickRequest most(int maxMajor) {
-    TickRequest request;
-    request.maxMajor = maxMajor;
-    return request;
 }
 
 } // namespace

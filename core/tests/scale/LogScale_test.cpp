@@ -2,6 +2,7 @@
 #include <zembra/scale/Scale.h>
 
 #include "support/TickChecks.h"
+#include "support/TickTexts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,23 +13,6 @@
 
 using namespace zembra;
 using namespace zembra::test;
-
-namespace {
-
-std::string line(const TickSet& set) {
-    std::string text;
-    for (const Tick& tick : set.major)
-        text += (text.empty() ? "" : " ") + tick.label;
-    return text + (set.offset.empty() ? "" : " (" + set.offset + ")");
-}
-
-TickRequest most(int maxMajor) {
-    TickRequest request;
-    request.maxMajor = maxMajor;
-    return request;
-}
-
-} // namespace
 
 TEST(LogScale, TicksFollowTheNumberOfDecades) {
     struct Case {
@@ -52,7 +36,7 @@ TEST(LogScale, TicksFollowTheNumberOfDecades) {
         {1000, 1, 1e4, "1 10 100 1000 10000"},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(line(Scale::log(c.base).ticks(c.min, c.max, most(8))), c.labels)
+        EXPECT_EQ(labelLine(Scale::log(c.base).ticks(c.min, c.max, most(8))), c.labels)
             << c.base << ": " << c.min << " to " << c.max;
 }
 

@@ -2,6 +2,7 @@
 #include <zembra/scale/Scale.h>
 
 #include "support/TickChecks.h"
+#include "support/TickTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -10,23 +11,6 @@
 
 using namespace zembra;
 using namespace zembra::test;
-
-namespace {
-
-std::string line(const TickSet& set) {
-    std::string text;
-    for (const Tick& tick : set.major)
-        text += (text.empty() ? "" : " ") + tick.label;
-    return text + (set.offset.empty() ? "" : " (" + set.offset + ")");
-}
-
-TickRequest most(int maxMajor) {
-    TickRequest request;
-    request.maxMajor = maxMajor;
-    return request;
-}
-
-} // namespace
 
 TEST(SymLogScale, TicksRunThroughZero) {
     struct Case {
@@ -42,7 +26,7 @@ TEST(SymLogScale, TicksRunThroughZero) {
         {-1000004, -1000000, "−4 −3 −2 −1 0 (−1000000)"},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(line(Scale::symLog().ticks(c.min, c.max, most(8))), c.labels)
+        EXPECT_EQ(labelLine(Scale::symLog().ticks(c.min, c.max, most(8))), c.labels)
             << c.min << " to " << c.max;
 }
 

@@ -2,6 +2,7 @@
 #include <zembra/scale/Scale.h>
 
 #include "support/TickChecks.h"
+#include "support/TickTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -36,12 +37,6 @@ std::string line(const TickSet& set) {
         text += tick.label;
     }
     return text;
-}
-
-TickRequest most(int maxMajor) {
-    TickRequest request;
-    request.maxMajor = maxMajor;
-    return request;
 }
 
 std::string line(const char* zone, double from, double to, int maxMajor = 8) {

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <zembra/scale/Scale.h>
+
+#include <string>
+
+namespace zembra::test {
+
+inline TickRequest most(int maxMajor) {
+    TickRequest request;
+    request.maxMajor = maxMajor;
+    return request;
+}
+
+/// The labels of all ticks between spaces, then the common part, if there is one.
+inline std::string labelLine(const TickSet& set) {
+    std::string text;
+    for (const Tick& tick : set.major)
+        text += (text.empty() ? "" : " ") + tick.label;
+    return text + (set.offset.empty() ? "" : " (" + set.offset + ")");
+}
+
+} // namespace zembra::test
