@@ -38,6 +38,11 @@ foreach(fonts fonts-lato fonts-dejavu-core)
 endforeach()
 file(WRITE ${notices}/copyright-with-fonts "${licence}")
 
+# Each package has a first line of its own, followed by this.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+set(package_text "zembra draws charts that users pan, zoom, box-zoom and export: lines,
+bars, heat maps and more, of a few samples or a hundred million.")
+
 # Adds the package `name` of what is installed for `component`.
 function(qzembra_add_package component name section summary)
     cmake_parse_arguments(PARSE_ARGV 4 arg "" "ARCHITECTURE;COPYRIGHT" "NEEDS;DEPENDS")
@@ -45,7 +50,7 @@ function(qzembra_add_package component name section summary)
     string(REPLACE ";" ", " depends "${arg_DEPENDS}")
     set(CPACK_COMPONENTS_ALL ${CPACK_COMPONENTS_ALL} ${component} PARENT_SCOPE)
     set(CPACK_COMPONENT_${key}_DEPENDS ${arg_NEEDS} PARENT_SCOPE)
-    set(CPACK_COMPONENT_${key}_DESCRIPTION ${summary} PARENT_SCOPE)
+    set(CPACK_DEBIAN_${key}_DESCRIPTION "${summary}\n${package_text}" PARENT_SCOPE)
     set(CPACK_DEBIAN_${key}_PACKAGE_NAME ${name} PARENT_SCOPE)
     set(CPACK_DEBIAN_${key}_PACKAGE_SECTION ${section} PARENT_SCOPE)
     set(CPACK_DEBIAN_${key}_PACKAGE_DEPENDS ${depends} PARENT_SCOPE)
