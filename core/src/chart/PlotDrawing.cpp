@@ -357,6 +357,9 @@ void Plot::Private::drawSeries(Painter& painter, const PlotLayout& layout, Frame
         Canvas canvas(painter, layout.canvas, mapOver(s.xAxis(), layout.canvas),
                       mapOver(s.yAxis(), layout.canvas), lookOf(i), buffers);
         canvas.setPixelRatio(pixelRatio);
+        canvas.setRuler([this](const std::string& text, const Font& font) {
+            return measure.extent(text, font);
+        });
         s.draw(canvas);
     }
 }

@@ -61,7 +61,7 @@ std::string TextMeasure::elided(const std::string& text, const Font& font, doubl
     };
     while (tooLong - fits > 1) {
         const std::size_t middle = fits + (tooLong - fits) / 2;
-        (painter->measureText(candidate(middle), font).width <= room ? fits : tooLong) = middle;
+        (width(candidate(middle), font) <= room ? fits : tooLong) = middle;
     }
     return fits == 0 ? std::string() : candidate(fits);
 }

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace zembra {
 
@@ -45,6 +46,10 @@ Canvas::Canvas(Painter& painter, const Rect& rect, const ScaleMap& x, const Scal
 
 void Canvas::setPixelRatio(double pixelRatio) {
     ratio = pixelRatio;
+}
+
+void Canvas::setRuler(Ruler other) {
+    ruler = std::move(other);
 }
 
 Point Canvas::toPixel(double x, double y) const {
@@ -242,13 +247,13 @@ void Canvas::drawText(const Point& baseline, const std::string& text, const Font
                       const Color& color) {
     if (text.empty() || !std::isfinite(baseline.x) || !std::isfinite(baseline.y))
         return;
-    const TextExtent extent = painter.measureText(text, font);
+    const TextExtent extent = measureText(text, font);
     if (contains(area, {baseline.x, baseline.y - extent.height, extent.width, extent.height}))
         painter.drawText(baseline.x, baseline.y, text, font, color);
 }
 
 TextExtent Canvas::measureText(const std::string& text, const Font& font) {
-    return painter.measureText(text, font);
+    return ruler ? ruler(text, font) : painter.measureText(text, font);
 }
 
 } // namespace zembra

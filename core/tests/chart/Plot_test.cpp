@@ -3,8 +3,11 @@
 #include "support/TextBoxPainter.h"
 
 #include <zembra/chart/Plot.h>
+#include <zembra/series/LineAnnotation.h>
 #include <zembra/series/LineSeries.h>
 #include <zembra/series/ScatterSeries.h>
+#include <zembra/series/SpanAnnotation.h>
+#include <zembra/series/TextAnnotation.h>
 
 #include <gtest/gtest.h>
 
@@ -208,6 +211,50 @@ TEST(Plot, TextIsMeasuredOnceNotInEveryFrame) {
     for (int i = 0; i < 10; ++i)
         plot.renderInto(painter, 640, 480);
     EXPECT_EQ(painter.measurements(), before);
+}
+
+TEST(Plot, TextsTooLongForTheirPlaceAndAnnotationsAreMeasuredOnceToo) {
+    Plot plot;
+    plot.setTitle(std::string(300, 'T'));
+    plot.setSubtitle(std::string(100, 's') + " " + std::string(300, 's'));
+    plot.axis(0).setTitle(std::string(200, 'y'));
+    plot.axis(2).setTitle(std::string(200, 'x'));
+    plot.add<LineSeries>(counted(9), counted(9), std::string(200, 'n'));
+    plot.add<LineAnnotation>(AcrossCanvas::Horizontal, 3.0, "line");
+    plot.add<SpanAnnotation>(AcrossCanvas::Vertical, 3.0, 5.0, "span");
+    plot.add<TextAnnotation>(Position{4.0, 4.0}, "text");
+    RecordingPainter painter;
+    plot.renderInto(painter, 640, 480);
+    const std::size_t before = painter.measurements();
+    EXPECT_GT(before, 0u);
+    for (int i = 0; i < 10; ++i)
+        plot.renderInto(painter, 640, 480);
+    EXPECT_EQ(painter.measurements(), before);
+}
+
+TEST(Plot, PanningToLabelsSeenBeforeMeasuresNoText) {
+    Plot plot;
+    plot.setTitle("Title");
+    plot.add<LineSeries>(counted(9), counted(9), "a");
+    plot.add<TextAnnotation>(Position{4.0, 4.0}, "text");
+    RecordingPainter painter;
+    const auto panThereAndBack = [&] {
+        for (int step = 0; step <= 60; ++step) {
+            const double shift = 0.05 * (step <= 30 ? step : 60 - step);
+            plot.setAxisScale(2, shift, 8.0 + shift);
+            plot.setAxisScale(0, -shift, 8.0 - shift);
+            plot.renderInto(painter, 640, 480);
+        }
+    };
+    panThereAndBack();
+    const std::size_t before = painter.measurements();
+    EXPECT_GT(before, 0u);
+    panThereAndBack();
+    EXPECT_EQ(painter.measurements(), before);
+    // And a label that is new is measured.
+    plot.setAxisScale(2, 1000.0, 1008.0);
+    plot.renderInto(painter, 640, 480);
+    EXPECT_GT(painter.measurements(), before);
 }
 
 TEST(Plot, ClipsAreTakenBackAndStatesBalanced) {

@@ -41,6 +41,9 @@ public:
 
     /// See `Plot::setPixelRatio`.
     void setPixelRatio(double pixelRatio);
+    /// How large texts are, from one who remembers it; the painter is asked each time without.
+    using Ruler = std::function<TextExtent(const std::string&, const Font&)>;
+    void setRuler(Ruler ruler);
 
     const Rect& rect() const { return area; }
     const ScaleMap& x() const { return xMap; }
@@ -87,6 +90,7 @@ private:
     Painter& painter;
     Rect area;
     double ratio = 1.0;
+    Ruler ruler;
     ScaleMap xMap;
     ScaleMap yMap;
     SeriesLook seriesLook;
