@@ -209,7 +209,7 @@ void LineRendering::aDenseLineLooksLikeTheStrokeOfAllSamples_data() {
     QTest::addColumn<int>("count");
     QTest::addColumn<double>("width");
     for (const char* kind : {"noise", "noisy wave", "mixed"})
-        for (int count : {1000, 5000, 30000, 200000})
+        for (int count : {1000, 5000, 30000, 200000, 500000})
             for (double width : {1.0, 2.0})
                 QTest::addRow("%s, %d samples, %g px", kind, count, width)
                     << QString::fromLatin1(kind) << count << width;

@@ -35,8 +35,15 @@ void extremes(const T* values, std::size_t count, T& least, T& greatest) {
         low[0] = values[i] < low[0] ? values[i] : low[0];
         high[0] = values[i] > high[0] ? values[i] : high[0];
     }
-    least = *std::min_element(low.begin(), low.end());
-    greatest = *std::max_element(high.begin(), high.end());
+    // In pairs and without branches, which nothing could foretell.
+    for (std::size_t half = lanes / 2; half > 0; half /= 2) {
+        for (std::size_t lane = 0; lane < half; ++lane) {
+            low[lane] = low[lane + half] < low[lane] ? low[lane + half] : low[lane];
+            high[lane] = high[lane + half] > high[lane] ? high[lane + half] : high[lane];
+        }
+    }
+    least = low[0];
+    greatest = high[0];
 }
 
 } // namespace

@@ -104,6 +104,8 @@ struct Samples::Store {
 
     bool isSorted() const;
     Interval extent(ExtentIndex::Domain domain, std::size_t first, std::size_t last) const;
+    /// Of an unbroken row of slots.
+    Interval extentOfSlots(ExtentIndex::Domain domain, std::size_t first, std::size_t last) const;
     SampleBounds boundsOf(bool positiveX, bool positiveY) const;
     SampleBounds computeBounds(bool positiveX, bool positiveY) const;
     SampleBounds computeBounds(const Scale& sx, const Scale& sy) const;

@@ -45,8 +45,8 @@ bool Samples::Store::isSorted() const {
     return *sorted;
 }
 
-Interval Samples::Store::extent(ExtentIndex::Domain domain, std::size_t first,
-                                std::size_t last) const {
+Interval Samples::Store::extentOfSlots(ExtentIndex::Domain domain, std::size_t first,
+                                       std::size_t last) const {
     ExtentIndex& index = domain == ExtentIndex::Domain::All ? all : positive;
     if (!index.isBuilt()) {
         if (yf)
@@ -54,9 +54,14 @@ Interval Samples::Store::extent(ExtentIndex::Domain domain, std::size_t first,
         else
             index.build(y, slots());
     }
+    return yf ? index.extent(yf, first, last) : index.extent(y, first, last);
+}
+
+Interval Samples::Store::extent(ExtentIndex::Domain domain, std::size_t first,
+                                std::size_t last) const {
     Interval result;
     rows(first, last, [&](std::size_t begin, std::size_t end) {
-        const Interval part = yf ? index.extent(yf, begin, end) : index.extent(y, begin, end);
+        const Interval part = extentOfSlots(domain, begin, end);
         result.min = std::min(result.min, part.min);
         result.max = std::max(result.max, part.max);
     });

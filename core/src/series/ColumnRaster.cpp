@@ -151,17 +151,23 @@ void ColumnRaster::addSteep(Layer& layer, Point a, Point b) {
     if (!(u2 >= 0.0 && u1 <= limit))
         return;
     // Each line takes the part of the segment that is nearer to it than to its neighbours.
+    const auto include = [&layer](int line, double from, double to) {
+        const auto s = static_cast<std::size_t>(line);
+        layer.steepLow[s] = lesser(layer.steepLow[s], static_cast<float>(std::min(from, to)));
+        layer.steepHigh[s] = greater(layer.steepHigh[s], static_cast<float>(std::max(from, to)));
+    };
     const int first = static_cast<int>(std::max(u1, 0.0) + 0.5);
     const int last = static_cast<int>(std::min(u2, limit) + 0.5);
-    const double slope = u2 > u1 ? (b.y - a.y) / (u2 - u1) : 0.0;
     double y = a.y - top;
-    for (int i = first; i <= last; ++i) {
-        const double next = i == last ? b.y - top : a.y - top + (i + 0.5 - u1) * slope;
-        const auto s = static_cast<std::size_t>(i);
-        layer.steepLow[s] = lesser(layer.steepLow[s], static_cast<float>(std::min(y, next)));
-        layer.steepHigh[s] = greater(layer.steepHigh[s], static_cast<float>(std::max(y, next)));
-        y = next;
+    if (first < last) {
+        const double slope = (b.y - a.y) / (u2 - u1);
+        double next = y + (first + 0.5 - u1) * slope;
+        for (int i = first; i < last; ++i, next += slope) {
+            include(i, y, next);
+            y = next;
+        }
     }
+    include(last, y, b.y - top);
 }
 
 void ColumnRaster::widen(Layer& layer) {
@@ -189,10 +195,13 @@ void ColumnRaster::widen(Layer& layer) {
     }
 }
 
-Picture ColumnRaster::finish(const Color& color) {
-    for (Layer& layer : layers)
-        widen(layer);
-    // What was drawn, within the picture.
+void ColumnRaster::settle() {
+    for (std::size_t i = 0; i < std::min(pieces, layers.size()); ++i)
+        widen(layers[i]);
+}
+
+// What was drawn, within the picture.
+ColumnRaster::Box ColumnRaster::drawnBox() const {
     float low = nothing;
     float high = -nothing;
     int first = strips;
@@ -208,58 +217,117 @@ Picture ColumnRaster::finish(const Color& color) {
             last = std::max(last, i);
         }
     }
+    const int top = static_cast<int>(std::floor(std::clamp(low, 0.0f, float(rows))));
+    const int bottom = static_cast<int>(std::ceil(std::clamp(high, 0.0f, float(rows))));
+    if (first > last || top >= bottom)
+        return {};
+    return {first / stripsPerColumn, top, last / stripsPerColumn + 1, bottom};
+}
+
+// The rows of a box that are covered from end to end.
+ColumnRaster::Box ColumnRaster::solidRows(Box drawn) const {
+    auto low = static_cast<float>(drawn.top);
+    auto high = static_cast<float>(drawn.bottom);
+    for (int i = drawn.left * stripsPerColumn; i < drawn.right * stripsPerColumn; ++i) {
+        const auto s = static_cast<std::size_t>(i);
+        low = greater(low, layers[0].low[s]);
+        high = lesser(high, layers[0].high[s]);
+    }
+    drawn.top = static_cast<int>(std::ceil(std::min(low, float(rows))));
+    drawn.bottom = std::max(drawn.top, static_cast<int>(std::floor(std::max(high, 0.0f))));
+    return drawn;
+}
+
+Picture ColumnRaster::painted(const Box& box, const Color& color) {
     Picture picture;
-    const int firstRow = static_cast<int>(std::floor(std::clamp(low, 0.0f, float(rows))));
-    const int lastRow = static_cast<int>(std::ceil(std::clamp(high, 0.0f, float(rows))));
-    if (first > last || firstRow >= lastRow)
+    if (box.left >= box.right || box.top >= box.bottom)
         return picture;
-    const int firstColumn = first / stripsPerColumn;
-    picture.width = last / stripsPerColumn + 1 - firstColumn;
-    picture.height = lastRow - firstRow;
-    picture.x = left + firstColumn;
-    picture.y = top + firstRow;
+    picture.width = box.right - box.left;
+    picture.height = box.bottom - box.top;
+    picture.x = left + box.left;
+    picture.y = top + box.top;
     picture.buffer = takePictureBuffer(static_cast<std::size_t>(picture.width) *
                                        static_cast<std::size_t>(picture.height) * 4);
-    for (int tile = 0; tile < picture.width; tile += tileColumns)
-        fillTile(tile, firstRow, picture.height, color, picture.buffer.pixels, firstColumn,
-                 std::min(tileColumns, picture.width - tile), picture.width);
+    for (int tile = box.left; tile < box.right; tile += tileColumns)
+        fillTile({tile, box.top, std::min(tile + tileColumns, box.right), box.bottom}, color,
+                 picture.buffer.pixels + static_cast<std::size_t>(tile - box.left) * 4,
+                 picture.width);
     return picture;
 }
 
-void ColumnRaster::fillTile(int tile, int firstRow, int height, const Color& color,
-                            std::uint8_t* pixels, int firstColumn, int count, int stride) {
+Picture ColumnRaster::finish(const Color& color) {
+    settle();
+    return painted(drawnBox(), color);
+}
+
+SlicedPicture ColumnRaster::finishSliced(const Color& color) {
+    // From here on two more calls of the painter cost less than the pixels.
+    constexpr double worthCutting = 100000.0;
+    settle();
+    SlicedPicture result;
+    const Box drawn = drawnBox();
+    const Box solid = solidRows(drawn);
+    const Rect middle{double(left + solid.left), double(top + solid.top),
+                      double(solid.right - solid.left), double(solid.bottom - solid.top)};
+    if (color.alpha() < 255 || strength < 1.0 || middle.width * middle.height < worthCutting) {
+        result.upper = painted(drawn, color);
+        return result;
+    }
+    result.middle = middle;
+    if (drawn.top < solid.top)
+        result.upper = painted({drawn.left, drawn.top, drawn.right, solid.top + 1}, color);
+    if (solid.bottom < drawn.bottom)
+        result.lower = painted({drawn.left, solid.bottom - 1, drawn.right, drawn.bottom}, color);
+    return result;
+}
+
+void ColumnRaster::fillTile(const Box& tile, const Color& color, std::uint8_t* pixels, int stride) {
+    const int height = tile.bottom - tile.top;
+    const int count = tile.right - tile.left;
     // Each interval leaves its ends in the first derivative of the cover along y; summing them up
     // from top to bottom gives the cover.
     tileCover.assign(static_cast<std::size_t>(height + 2) * tileColumns, 0.0f);
     const auto limit = static_cast<float>(height);
-    const auto mark = [&](int column, float y, float sign) {
-        const int row = static_cast<int>(y);
-        const float share = y - static_cast<float>(row);
-        float* cell = tileCover.data() + static_cast<std::size_t>(row) * tileColumns + column;
-        cell[0] += sign * (1.0f - share);
-        cell[tileColumns] += sign * share;
-    };
-    const auto cover = [&](int column, float low, float high) {
-        low = std::clamp(low - static_cast<float>(firstRow), 0.0f, limit);
-        high = std::clamp(high - static_cast<float>(firstRow), 0.0f, limit);
-        if (low < high) {
-            mark(column, low, 1.0f);
-            mark(column, high, -1.0f);
-        }
-    };
+    const auto offset = static_cast<float>(tile.top);
     for (int column = 0; column < count; ++column) {
-        const auto begin =
-            static_cast<std::size_t>((firstColumn + tile + column) * stripsPerColumn);
+        float* cells = tileCover.data() + column;
+        float fromTop = 0.0f;
+        const auto mark = [cells](float y, float sign) {
+            const int row = static_cast<int>(y);
+            const float share = sign * (y - static_cast<float>(row));
+            float* cell = cells + row * tileColumns;
+            cell[0] += sign - share;
+            cell[tileColumns] += share;
+        };
+        // What reaches beyond the tile has no end there to be marked.
+        const auto cover = [&](float low, float high) {
+            low -= offset;
+            high -= offset;
+            if (!(low < high && low < limit && high > 0.0f))
+                return;
+            if (low > 0.0f)
+                mark(low, 1.0f);
+            else
+                fromTop += 1.0f;
+            if (high < limit)
+                mark(high, -1.0f);
+        };
+        const auto begin = static_cast<std::size_t>((tile.left + column) * stripsPerColumn);
         for (std::size_t s = begin; s < begin + stripsPerColumn; ++s) {
             const Strip a{layers[0].low[s], layers[0].high[s]};
+            if (pieces < 2) {
+                cover(a.low, a.high);
+                continue;
+            }
             const Strip b{layers[1].low[s], layers[1].high[s]};
             if (a.low <= b.high && b.low <= a.high) {
-                cover(column, lesser(a.low, b.low), greater(a.high, b.high));
+                cover(lesser(a.low, b.low), greater(a.high, b.high));
             } else {
-                cover(column, a.low, a.high);
-                cover(column, b.low, b.high);
+                cover(a.low, a.high);
+                cover(b.low, b.high);
             }
         }
+        cells[0] += fromTop;
     }
     std::array<float, tileColumns> sum{};
     std::array<std::uint32_t, tileColumns> line{};
@@ -273,9 +341,7 @@ void ColumnRaster::fillTile(int tile, int firstRow, int height, const Color& col
             line[i] = rgb | (static_cast<std::uint32_t>(alpha) << alphaShift);
         }
         std::uint8_t* target =
-            pixels + (static_cast<std::size_t>(row) * static_cast<std::size_t>(stride) +
-                      static_cast<std::size_t>(tile)) *
-                         4;
+            pixels + static_cast<std::size_t>(row) * static_cast<std::size_t>(stride) * 4;
         if (count == tileColumns)
             std::memcpy(target, line.data(), sizeof line);
         else

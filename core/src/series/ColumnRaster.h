@@ -27,8 +27,18 @@ public:
     void add(std::span<const Point> piece);
     /// The picture, cropped to what was drawn; without a buffer where that is nothing.
     Picture finish(const Color& color);
+    /// The same, with a large opaque middle cut out of it: painters fill rectangles many times
+    /// faster than they show pictures.
+    SlicedPicture finishSliced(const Color& color);
 
 private:
+    // In pixels of the picture that was begun; right and bottom lie outside.
+    struct Box {
+        int left = 0;
+        int top = 0;
+        int right = 0;
+        int bottom = 0;
+    };
     struct Strip {
         float low;
         float high;
@@ -44,8 +54,11 @@ private:
     void addEdge(Layer& layer, Point a, Point b);
     void addSteep(Layer& layer, Point a, Point b);
     void widen(Layer& layer);
-    void fillTile(int tile, int top, int rows, const Color& color, std::uint8_t* pixels,
-                  int firstColumn, int columns, int stride);
+    void settle();
+    Box drawnBox() const;
+    Box solidRows(Box drawn) const;
+    Picture painted(const Box& box, const Color& color);
+    void fillTile(const Box& tile, const Color& color, std::uint8_t* pixels, int stride);
 
     int left = 0;
     int top = 0;

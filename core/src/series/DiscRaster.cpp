@@ -10,6 +10,10 @@ namespace {
 
 // Pixels that the processor takes at once.
 constexpr int lanes = 16;
+// Pixels along the side of what is looked at for being full.
+constexpr int square = 16;
+// Stamps that cost about ten times as much as a look.
+constexpr int stampsBetweenLooks = 1 << 14;
 
 // The share of a pixel inside a disc, by points within the pixel.
 double discCover(double dx, double dy, double radius) {
@@ -50,6 +54,12 @@ void DiscRaster::begin(const Rect& area, double radius, const Color& discColor) 
     enough = rest > 0.0 && rest < 1.0
                  ? static_cast<unsigned>(std::ceil(std::log(0.5 / 255.0) / std::log(rest)))
                  : 1u;
+    squaresAcross = (stride + square - 1) / square;
+    squaresDown = (rows + 2 * margin + square - 1) / square;
+    passedBy.assign(static_cast<std::size_t>(squaresAcross) * static_cast<std::size_t>(squaresDown),
+                    0);
+    work = 0;
+    patience = stampsBetweenLooks;
     firstRow = rows + 2 * margin;
     lastRow = -1;
     for (int py = 0; py < placesPerPixel; ++py) {
@@ -90,6 +100,48 @@ void DiscRaster::stamp(const std::uint8_t* alpha, std::uint8_t* target) const {
     }
 }
 
+void DiscRaster::lookForFullParts() {
+    work = 0;
+    // From here on the whole of a disc adds less than half a shade.
+    const auto full = static_cast<std::uint8_t>(
+        255 - (color.alpha() > 0 ? std::min(127 / color.alpha(), 255) : 255));
+    const auto height = rows + 2 * margin;
+    std::vector<std::uint8_t> isFull(passedBy.size(), 0);
+    for (int down = 0; down < squaresDown; ++down) {
+        for (int across = 0; across < squaresAcross; ++across) {
+            // Nothing shows of the margin.
+            const int left = std::max(across * square, margin);
+            const int right = std::min(across * square + square, margin + columns);
+            const int top = std::max(down * square, margin);
+            const int bottom = std::min({down * square + square, margin + rows, height});
+            std::uint8_t least = 255;
+            for (int row = top; row < bottom; ++row) {
+                const std::uint8_t* line =
+                    plane.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(stride);
+                for (int column = left; column < right; ++column)
+                    least = line[column] < least ? line[column] : least;
+            }
+            isFull[static_cast<std::size_t>(down * squaresAcross + across)] = least >= full ? 1 : 0;
+        }
+    }
+    bool found = false;
+    for (int down = 0; down < squaresDown; ++down) {
+        for (int across = 0; across < squaresAcross; ++across) {
+            bool all = true;
+            for (int y = std::max(down - 1, 0); y <= std::min(down + 1, squaresDown - 1); ++y)
+                for (int x = std::max(across - 1, 0); x <= std::min(across + 1, squaresAcross - 1);
+                     ++x)
+                    all = all && isFull[static_cast<std::size_t>(y * squaresAcross + x)] != 0;
+            auto& passed = passedBy[static_cast<std::size_t>(down * squaresAcross + across)];
+            found = found || (all && passed == 0);
+            passed = all ? 1 : 0;
+        }
+    }
+    // Where looking found nothing, look less often.
+    if (!found)
+        patience *= 2;
+}
+
 void DiscRaster::add(const Point& centre) {
     const double u = centre.x - left + margin;
     const double v = centre.y - top + margin;
@@ -99,6 +151,9 @@ void DiscRaster::add(const Point& centre) {
         return;
     const int column = static_cast<int>(u);
     const int row = static_cast<int>(v);
+    if (passedBy[static_cast<std::size_t>(row / square) * static_cast<std::size_t>(squaresAcross) +
+                 static_cast<std::size_t>(column / square)])
+        return;
     const auto place =
         static_cast<unsigned>(static_cast<int>((v - row) * placesPerPixel) * placesPerPixel +
                               static_cast<int>((u - column) * placesPerPixel));
@@ -121,6 +176,8 @@ void DiscRaster::add(const Point& centre) {
     stamp(stamps[place].data(), target);
     firstRow = std::min(firstRow, row - reach);
     lastRow = std::max(lastRow, row + reach);
+    if (++work >= patience && reach <= square)
+        lookForFullParts();
 }
 
 Picture DiscRaster::finish() {

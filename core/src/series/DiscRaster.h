@@ -15,7 +15,8 @@ namespace zembra {
 /// Draws many equal discs into a picture, one over the other.
 ///
 /// Each disc is a ready-made stamp at the nearest quarter of a pixel. Once so many lie in the same
-/// place that another one changes nothing, the rest is left out.
+/// place that another one changes nothing, the rest is left out; parts of the picture that are full
+/// all around are passed by.
 class DiscRaster {
 public:
     /// Begins a picture of the whole pixels that meet `area`.
@@ -28,6 +29,7 @@ private:
     static constexpr int placesPerPixel = 4;
 
     void stamp(const std::uint8_t* alpha, std::uint8_t* target) const;
+    void lookForFullParts();
 
     int left = 0;
     int top = 0;
@@ -46,6 +48,14 @@ private:
     std::vector<std::uint8_t> plane;
     // Of opaque discs, the places of each pixel that have one; of others, how many it has.
     std::vector<std::uint16_t> places;
+    // Squares of the plane in which a disc changes nothing any more, whether it reaches its
+    // neighbours or not.
+    std::vector<std::uint8_t> passedBy;
+    int squaresAcross = 0;
+    int squaresDown = 0;
+    // Stamps since the last look for such squares.
+    int work = 0;
+    int patience = 0;
     int firstRow = 0;
     int lastRow = -1;
 };

@@ -82,6 +82,52 @@ double mean(const Grid& grid, const Probes& columns, const Probes& rows) {
     return count > 0 ? mean : std::numeric_limits<double>::quiet_NaN();
 }
 
+// The sums of the cells below a row of pixels, by columns of cells.
+class RowSums {
+public:
+    RowSums(const Grid& grid, const std::vector<Probes>& columns) : grid(grid) {
+        for (const Probes& probes : columns)
+            looked.insert(looked.end(), probes.cells.begin(),
+                          probes.cells.begin() + static_cast<std::ptrdiff_t>(probes.count));
+        std::sort(looked.begin(), looked.end());
+        looked.erase(std::unique(looked.begin(), looked.end()), looked.end());
+        if (looked.empty())
+            return;
+        first = looked.front();
+        sums.resize(looked.back() + 1 - first);
+        // Cells in a row are summed up faster than half of them one by one.
+        unbroken = sums.size() <= 2 * looked.size();
+    }
+
+    void assign(const Probes& rows) {
+        std::fill(sums.begin(), sums.end(), 0.0);
+        for (std::size_t r = 0; r < rows.count && !looked.empty(); ++r) {
+            const auto values = grid.row(rows.cells[r]).subspan(first, sums.size());
+            if (unbroken) {
+                for (std::size_t i = 0; i < values.size(); ++i)
+                    sums[i] += values[i];
+            } else {
+                for (const std::size_t cell : looked)
+                    sums[cell - first] += values[cell - first];
+            }
+        }
+    }
+
+    double of(const Probes& probes) const {
+        double sum = 0.0;
+        for (std::size_t c = 0; c < probes.count; ++c)
+            sum += sums[probes.cells[c] - first];
+        return sum;
+    }
+
+private:
+    const Grid& grid;
+    std::vector<std::size_t> looked;
+    std::size_t first = 0;
+    bool unbroken = false;
+    std::vector<double> sums;
+};
+
 std::uint32_t packed(const Color& color) {
     return packedPixel(color, color.alpha());
 }
@@ -188,18 +234,18 @@ void HeatMapSeries::Private::paint(const PixelSpan& across, const PixelSpan& dow
     const auto columnProbes = probes(across, x, grid.x(), grid.columns(), sampling);
     const auto rowProbes = probes(down, y, grid.y(), grid.rows(), sampling);
     const PixelColors colorOf(colors);
+    RowSums sums(grid, columnProbes);
     for (int k = 0; k < down.count; ++k) {
         const Probes& row = rowProbes[static_cast<std::size_t>(k)];
+        if (row.count == 0)
+            continue;
+        sums.assign(row);
         std::uint8_t* target = pixels.data() + offsetOf(across.first, down.first + k);
-        for (std::size_t i = 0; i < columnProbes.size() && row.count > 0; ++i) {
+        for (std::size_t i = 0; i < columnProbes.size(); ++i) {
             const Probes& column = columnProbes[i];
             if (column.count == 0)
                 continue;
-            double value = 0.0;
-            for (std::size_t r = 0; r < row.count; ++r)
-                for (std::size_t c = 0; c < column.count; ++c)
-                    value += grid.value(column.cells[c], row.cells[r]);
-            value /= static_cast<double>(row.count * column.count);
+            double value = sums.of(column) / static_cast<double>(row.count * column.count);
             // Missing values and overflows show in the sum.
             if (!std::isfinite(value))
                 value = mean(grid, column, row);

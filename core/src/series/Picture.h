@@ -24,6 +24,15 @@ struct Picture {
     int y = 0;
 };
 
+/// A picture in slices: what lies between the upper and the lower one is opaque all over. They
+/// overlap it by a row each, so that no seam shows when it is enlarged.
+struct SlicedPicture {
+    Picture upper;
+    /// Empty where it was not worth cutting; all of the picture is in `upper` then.
+    Rect middle;
+    Picture lower;
+};
+
 /// The bytes of a pixel in one word; `alpha` may be left 0 and added with `alphaShift`.
 inline std::uint32_t packedPixel(const Color& color, unsigned alpha) {
     const std::array<std::uint8_t, 4> bytes{color.red(), color.green(), color.blue(),
@@ -41,6 +50,14 @@ inline void drawPicture(Painter& painter, const Picture& picture, FrameBuffers& 
     buffers.push_back(picture.buffer.memory);
     painter.drawImage(picture.buffer.pixels, picture.width, picture.height,
                       picture.x + 0.5 * picture.width, picture.y + 0.5 * picture.height);
+}
+
+inline void drawPicture(Painter& painter, const SlicedPicture& picture, const Color& color,
+                        FrameBuffers& buffers) {
+    if (!picture.middle.isEmpty())
+        painter.fillRect(picture.middle, color);
+    drawPicture(painter, picture.upper, buffers);
+    drawPicture(painter, picture.lower, buffers);
 }
 
 } // namespace zembra

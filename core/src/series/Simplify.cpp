@@ -25,26 +25,16 @@ void Simplifier::turnAt(const Point& point) {
     reach = 0.0;
 }
 
-void Simplifier::add(const Point& point) {
-    if (!begun) {
-        begun = true;
-        alone = true;
-        turnAt(point);
-        latest = point;
-        return;
-    }
-    alone = false;
-    Point way{point.x - anchor.x, point.y - anchor.y};
-    const bool inside =
-        open || (cross(low, way) >= 0.0 && cross(way, high) >= 0.0 && dot(low, way) > 0.0);
-    double distance = inside ? std::sqrt(dot(way, way)) : 0.0;
-    // Coming back by more than the tolerance would lose how far the path went.
-    if (!inside || distance < reach - tolerance) {
-        turnAt(latest);
-        way = {point.x - anchor.x, point.y - anchor.y};
-        distance = std::sqrt(dot(way, way));
-    }
-    latest = point;
+// Whether the path goes back by more than the tolerance on the way that it came.
+bool Simplifier::comesBack(const Point& point) const {
+    const Point way{latest.x - anchor.x, latest.y - anchor.y};
+    const double back = dot(way, {point.x - latest.x, point.y - latest.y});
+    return back < 0.0 && back * back > tolerance * tolerance * dot(way, way);
+}
+
+void Simplifier::narrowTo(const Point& point) {
+    const Point way{point.x - anchor.x, point.y - anchor.y};
+    const double distance = std::sqrt(dot(way, way));
     reach = std::max(reach, distance);
     if (distance <= tolerance)
         return;
@@ -57,6 +47,39 @@ void Simplifier::add(const Point& point) {
     if (open || cross(right, high) > 0.0)
         high = right;
     open = false;
+}
+
+void Simplifier::add(const Point& point) {
+    if (!begun) {
+        begun = true;
+        alone = true;
+        turnAt(point);
+        latest = point;
+        return;
+    }
+    if (alone) {
+        alone = false;
+        first = true;
+        latest = point;
+        return;
+    }
+    if (first && comesBack(point)) {
+        turnAt(latest);
+        latest = point;
+        return;
+    }
+    if (first)
+        narrowTo(latest);
+    const Point way{point.x - anchor.x, point.y - anchor.y};
+    const bool inside =
+        open || (cross(low, way) >= 0.0 && cross(way, high) >= 0.0 && dot(low, way) > 0.0);
+    // Coming back by more than the tolerance would lose how far the path went.
+    first = !inside || std::sqrt(dot(way, way)) < reach - tolerance;
+    if (first)
+        turnAt(latest);
+    else
+        narrowTo(point);
+    latest = point;
 }
 
 void Simplifier::finish() {

@@ -27,11 +27,16 @@ public:
 
 private:
     void turnAt(const Point& point);
+    bool comesBack(const Point& point) const;
+    void narrowTo(const Point& point);
 
     double tolerance;
     std::vector<Point>& result;
     bool begun = false;
     bool alone = true;
+    // Whether `latest` is the first point since the anchor, and the sector does not know it yet:
+    // most points of a jagged path are the last ones as well.
+    bool first = false;
     Point anchor;
     Point latest;
     // The sector of directions from the anchor that pass close to every point since, clockwise from

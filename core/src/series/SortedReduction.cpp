@@ -6,6 +6,7 @@
 #include "data/SampleStore.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -17,21 +18,21 @@ namespace {
 using Domain = ExtentIndex::Domain;
 
 constexpr double gap = std::numeric_limits<double>::quiet_NaN();
+constexpr std::size_t block = ExtentIndex::blockSize;
 // Up to here, all samples of a strip are taken.
 constexpr std::size_t fewSamples = 4;
 // Up to here, the extremes of a strip are placed where they are.
 constexpr std::size_t someSamples = 32;
-// From here on, moving the ends of a strip to those of an index block moves nothing visibly.
-constexpr std::size_t manySamples = 8 * ExtentIndex::blockSize;
-
 // How many strips a pixel column is split into: enough that the place of a spike within its pixel
 // shows in the shades of its edges.
-std::size_t stripsFor(std::size_t samplesPerColumn) {
-    // Every strip has its own spikes here anyhow, and its ends move to those of index blocks.
-    if (samplesPerColumn >= 4 * manySamples)
-        return 4;
-    // Extremes whose place is not looked up need narrower strips.
-    return samplesPerColumn > 8 * someSamples ? 16 : 8;
+constexpr std::size_t stripsPerColumn = 8;
+// A part of a row of samples that is no wider shows as its extremes alone.
+constexpr double widestPart = 0.3;
+
+// How many samples, as whole blocks of the index, are looked at together: a power of two that makes
+// eight to sixteen groups in a column, because their extremes are not placed more exactly.
+std::size_t groupFor(std::size_t samplesPerColumn) {
+    return std::max(block, std::bit_floor(samplesPerColumn / 8));
 }
 
 // Which samples the scale can place, if the index knows them.
@@ -64,10 +65,17 @@ public:
         const std::size_t end =
             lowerBoundNear(store, x, begin, store.count, store.count,
                            xMap.invTransform(forward ? lastColumn : firstColumn));
-        const std::size_t perColumn = stripsFor((end - begin) / columns);
-        const std::size_t strips = columns * perColumn;
+        const std::size_t from = begin > 0 ? begin - 1 : 0;
+        const std::size_t to = std::min(end + 1, store.count);
+        if ((end - begin) / columns >= block) {
+            addEach(from, begin);
+            addGroups(begin, end, groupFor((end - begin) / columns));
+            addEach(end, to);
+            return;
+        }
+        const std::size_t strips = columns * stripsPerColumn;
         const auto edge = [&](std::size_t i) {
-            const double offset = static_cast<double>(i) / static_cast<double>(perColumn);
+            const double offset = static_cast<double>(i) / stripsPerColumn;
             return forward ? firstColumn + offset : lastColumn - offset;
         };
         // Without the indirections of scales where there is nothing to them.
@@ -76,8 +84,6 @@ public:
         const auto value = [&](std::size_t i) {
             return linear ? xMap.s1() + (edge(i) - xMap.p1()) * slope : xMap.invTransform(edge(i));
         };
-        const std::size_t from = begin > 0 ? begin - 1 : 0;
-        const std::size_t to = std::min(end + 1, store.count);
         if (end - begin <= 2 * strips) {
             addEach(from, to);
             return;
@@ -87,13 +93,16 @@ public:
         std::size_t first = begin;
         for (std::size_t i = 0; i < strips; ++i) {
             // What lies ahead is likely as dense as what lies behind.
-            std::size_t last = i + 1 == strips
-                                   ? end
-                                   : lowerBoundNear(store, x, first, end,
-                                                    std::min(first + average, end), value(i + 1));
-            if (i + 1 < strips && last - first > manySamples)
-                last = roundedToBlock(last, end);
-            addStrip(first, last, edge(i), edge(i + 1));
+            const std::size_t last =
+                i + 1 == strips ? end
+                                : lowerBoundNear(store, x, first, end,
+                                                 std::min(first + average, end), value(i + 1));
+            // What comes next may lie far away, so that the way there begins and ends at samples.
+            store.rows(first, last, [&](std::size_t begins, std::size_t ends) {
+                addSlot(begins);
+                addStrip(begins, ends, edge(i), edge(i + 1));
+                addSlot(ends - 1);
+            });
             first = last;
         }
         addEach(end, to);
@@ -102,12 +111,6 @@ public:
 private:
     bool placeable(double v) const {
         return std::isfinite(v) && (domain == Domain::All || v > 0.0);
-    }
-
-    std::size_t roundedToBlock(std::size_t last, std::size_t end) const {
-        constexpr std::size_t block = ExtentIndex::blockSize;
-        const std::size_t excess = store.slot(last == end ? last - 1 : last) % block;
-        return excess <= block / 2 ? last - excess : std::min(last - excess + block, end);
     }
 
     void add(double px, double py) {
@@ -121,8 +124,6 @@ private:
             path.push_back({gap, gap});
     }
 
-    void addSample(std::size_t i) { addSlot(store.slot(i)); }
-
     void addSlot(std::size_t s) {
         const double v = y[s];
         const double px = toX(x[s]);
@@ -134,12 +135,70 @@ private:
 
     void addEach(std::size_t first, std::size_t last) {
         for (std::size_t i = first; i < last; ++i)
-            addSample(i);
+            addSlot(store.slot(i));
+    }
+
+    // From here on, samples are counted by slots.
+
+    void addSlots(std::size_t first, std::size_t last) {
+        for (std::size_t s = first; s < last; ++s)
+            addSlot(s);
+    }
+
+    // Samples that lie together in the index: they show the same wherever a pan moves them, and
+    // their x need not be searched.
+    void addGroups(std::size_t first, std::size_t last, std::size_t group) {
+        store.rows(first, last, [&](std::size_t begin, std::size_t end) {
+            double px = toX(x[begin]);
+            while (begin < end) {
+                const std::size_t next = std::min(begin / group * group + group, end);
+                const double nextX = toX(x[next < end ? next : end - 1]);
+                addPart(begin, next, px, nextX);
+                begin = next;
+                px = nextX;
+            }
+        });
+    }
+
+    // Whatever it takes to show samples between two places: all of a sudden they may lie far apart.
+    void addPart(std::size_t first, std::size_t last, double begin, double end) {
+        const double width = std::abs(end - begin);
+        const std::size_t count = last - first;
+        if (width <= widestPart) {
+            addStrip(first, last, begin, end);
+        } else if (count > block) {
+            const std::size_t half = (first + count / 2) / block * block;
+            const std::size_t middle = half > first ? half : half + block;
+            const double middleX = toX(x[middle]);
+            addPart(first, middle, begin, middleX);
+            addPart(middle, last, middleX, end);
+        } else if (count <= fewSamples) {
+            addSlots(first, last);
+        } else {
+            const double parts = std::ceil(width * stripsPerColumn);
+            const std::size_t size =
+                parts < static_cast<double>(count) ? count / static_cast<std::size_t>(parts) : 0;
+            if (size <= fewSamples) {
+                addSlots(first, last);
+                return;
+            }
+            while (first < last) {
+                // The last part takes what does not make another one.
+                const std::size_t next = last - first < 2 * size ? last : first + size;
+                const double nextX = next < last ? toX(x[next]) : end;
+                if (std::abs(nextX - begin) <= widestPart)
+                    addStrip(first, next, begin, nextX);
+                else
+                    addSlots(first, next);
+                first = next;
+                begin = nextX;
+            }
+        }
     }
 
     void addStrip(std::size_t first, std::size_t last, double begin, double end) {
         if (last - first <= fewSamples)
-            addEach(first, last);
+            addSlots(first, last);
         else if (last - first <= someSamples)
             addLocated(first, last);
         else
@@ -151,38 +210,38 @@ private:
         std::size_t greatest = first;
         double low = std::numeric_limits<double>::infinity();
         double high = -low;
-        store.rows(first, last, [&](std::size_t begin, std::size_t end) {
-            for (std::size_t s = begin; s < end; ++s) {
-                const double v = y[s];
-                if (v < low && placeable(v)) {
-                    low = v;
-                    least = s;
-                }
-                if (v > high && placeable(v)) {
-                    high = v;
-                    greatest = s;
-                }
+        for (std::size_t s = first; s < last; ++s) {
+            const double v = y[s];
+            if (v < low && placeable(v)) {
+                low = v;
+                least = s;
             }
-        });
-        addSample(first);
-        if (low <= high) {
-            const bool lowFirst =
-                x[least] < x[greatest] || (x[least] == x[greatest] && least < greatest);
-            addSlot(lowFirst ? least : greatest);
-            addSlot(lowFirst ? greatest : least);
+            if (v > high && placeable(v)) {
+                high = v;
+                greatest = s;
+            }
         }
-        addSample(last - 1);
+        const bool beginsGap = !placeable(y[first]);
+        const bool endsGap = !placeable(y[last - 1]);
+        if (beginsGap)
+            addGap();
+        if (low <= high) {
+            addSlot(std::min(least, greatest));
+            addSlot(std::max(least, greatest));
+        }
+        if (endsGap)
+            addGap();
     }
 
     void addIndexed(std::size_t first, std::size_t last, double begin, double end) {
-        const Interval extent = store.extent(domain, first, last);
-        const double in = y[store.slot(first)];
-        const double out = y[store.slot(last - 1)];
+        const Interval extent = store.extentOfSlots(domain, first, last);
+        const double in = y[first];
+        const double out = y[last - 1];
         // Where the strip rises or falls as a whole, its ends are all there is to know.
         const bool smooth = std::min(in, out) == extent.min && std::max(in, out) == extent.max;
         if (smooth || extent.isEmpty()) {
-            addSample(first);
-            addSample(last - 1);
+            addSlot(first);
+            addSlot(last - 1);
             return;
         }
         if (!placeable(in))

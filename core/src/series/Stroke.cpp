@@ -201,13 +201,13 @@ bool isDense(const Stroke& stroke, const Rect& area, double width, bool inOnePie
 }
 
 template <class Raster>
-Picture rastered(const Stroke& stroke, const Rect& area, double width, const Color& color) {
+Raster& rastered(const Stroke& stroke, const Rect& area, double width) {
     // Kept from frame to frame for its memory.
     thread_local Raster raster;
     raster.begin(area, width);
     for (std::size_t i = 0; i < stroke.pieceCount(); ++i)
         raster.add(stroke.piece(i));
-    return raster.finish(color);
+    return raster;
 }
 
 // Dash and gap lengths in pixels, as painters draw them.
@@ -367,14 +367,21 @@ void drawInParts(Painter& painter, std::span<const Point> piece, double width, c
     });
 }
 
-Picture picturedStroke(const Stroke& stroke, const Rect& area, double width, const Pen& pen) {
+enum class Form { Whole, Sliced };
+
+SlicedPicture picturedStroke(const Stroke& stroke, const Rect& area, double width, const Pen& pen,
+                             Form form) {
     // A path that crosses the canvas this often leaves no gaps to be seen.
     constexpr double crossings = 60.0;
     if (isDashed(pen) && stroke.length() < crossings * area.width)
-        return rasteredDashes(stroke, area, width, pen);
-    if (stroke.runsOneWay())
-        return rastered<ColumnRaster>(stroke, area, width, pen.color());
-    return rastered<MaskRaster>(stroke, area, width, pen.color());
+        return {rasteredDashes(stroke, area, width, pen), {}, {}};
+    if (stroke.runsOneWay()) {
+        auto& raster = rastered<ColumnRaster>(stroke, area, width);
+        if (form == Form::Sliced)
+            return raster.finishSliced(pen.color());
+        return {raster.finish(pen.color()), {}, {}};
+    }
+    return {rastered<MaskRaster>(stroke, area, width).finish(pen.color()), {}, {}};
 }
 
 void drawDense(Painter& painter, const Rect& area, Stroke& stroke, const Pen& pen, double width,
@@ -384,12 +391,13 @@ void drawDense(Painter& painter, const Rect& area, Stroke& stroke, const Pen& pe
     if (ratio != 1.0) {
         stroke.scale(ratio);
         const Rect fine{area.x * ratio, area.y * ratio, area.width * ratio, area.height * ratio};
-        if (drawRuns(painter, picturedStroke(stroke, fine, width * ratio, pen), pen.color(), ratio,
-                     mostRuns))
+        const auto picture = picturedStroke(stroke, fine, width * ratio, pen, Form::Whole);
+        if (drawRuns(painter, picture.upper, pen.color(), ratio, mostRuns))
             return;
         stroke.scale(1.0 / ratio);
     }
-    drawPicture(painter, picturedStroke(stroke, area, width, pen), buffers);
+    drawPicture(painter, picturedStroke(stroke, area, width, pen, Form::Sliced), pen.color(),
+                buffers);
 }
 
 } // namespace

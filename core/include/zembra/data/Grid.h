@@ -46,6 +46,10 @@ public:
     double value(std::size_t column, std::size_t row) const {
         return values[row * columnCount + column];
     }
+    /// The values of a row, in the order of the columns. Requires: `row` is below `rows()`.
+    std::span<const double> row(std::size_t row) const {
+        return values.subspan(row * columnCount, columnCount);
+    }
     /// The centre of a column or row of cells.
     double xCenter(std::size_t column) const;
     double yCenter(std::size_t row) const;
