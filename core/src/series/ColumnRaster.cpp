@@ -295,7 +295,7 @@ void ColumnRaster::fillTile(const Box& tile, const Color& color, std::uint8_t* p
         const auto mark = [cells](float y, float sign) {
             const int row = static_cast<int>(y);
             const float share = sign * (y - static_cast<float>(row));
-            float* cell = cells + row * tileColumns;
+            float* cell = cells + static_cast<std::ptrdiff_t>(row) * tileColumns;
             cell[0] += sign - share;
             cell[tileColumns] += share;
         };

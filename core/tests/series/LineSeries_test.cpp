@@ -178,6 +178,76 @@ TEST(LineSeries, BlendsEachPixelOnceWhenTranslucent) {
         ASSERT_LE(painter.pixels[i], 100);
 }
 
+TEST(LineSeries, CutsALargeOpaqueMiddleOutOfItsPictureWithoutATrace) {
+    // All that was drawn, one over the other.
+    class Sheet : public RecordingPainter {
+    public:
+        void drawImage(const unsigned char* rgba, int w, int h, double cx, double cy) override {
+            RecordingPainter::drawImage(rgba, w, h, cx, cy);
+            const int left = static_cast<int>(std::lround(cx - 0.5 * w));
+            const int top = static_cast<int>(std::lround(cy - 0.5 * h));
+            for (int y = 0; y < h; ++y)
+                for (int x = 0; x < w; ++x)
+                    blend(left + x, top + y, rgba[(y * w + x) * 4 + 3]);
+        }
+        void fillRect(const Rect& rect, const Color& color) override {
+            RecordingPainter::fillRect(rect, color);
+            for (int y = static_cast<int>(rect.top()); y < static_cast<int>(rect.bottom()); ++y)
+                for (int x = static_cast<int>(rect.left()); x < static_cast<int>(rect.right()); ++x)
+                    blend(x, y, color.alpha());
+        }
+        std::vector<int> alphas = std::vector<int>(std::size_t{1000} * 300);
+
+    private:
+        void blend(int x, int y, int alpha) {
+            int& below = alphas[static_cast<std::size_t>(y * 1000 + x)];
+            below += (255 - below) * alpha / 255;
+        }
+    };
+    LineSeries series(evenly(noise(300000)));
+    series.setWidth(1.0);
+    const auto drawn = [&series](Sheet& sheet, int alpha) {
+        FrameBuffers buffers;
+        SeriesLook look;
+        look.color = Color(0, 0, 0, alpha);
+        Canvas canvas(sheet, {0.0, 0.0, 1000.0, 300.0}, ScaleMap({}, 0.0, 1000.0, 0.1, 0.9),
+                      ScaleMap({}, 300.0, 0.0, -1.05, 1.05), look, buffers);
+        series.draw(canvas);
+    };
+    Sheet opaque;
+    drawn(opaque, 255);
+    EXPECT_EQ(opaque.count("fillRect"), 1u);
+    EXPECT_EQ(opaque.count("drawImage"), 2u);
+    Sheet whole;
+    drawn(whole, 254);
+    EXPECT_EQ(whole.count("fillRect"), 0u);
+    EXPECT_EQ(whole.count("drawImage"), 1u);
+    for (std::size_t i = 0; i < opaque.alphas.size(); ++i)
+        ASSERT_NEAR(opaque.alphas[i], whole.alphas[i], 2) << i % 1000 << ", " << i / 1000;
+}
+
+TEST(LineSeries, GoesFarFromTheLastOfManySamplesAndNotFromAnExtreme) {
+    // As many as fill blocks of the index, and one more beyond.
+    for (const std::size_t count : {100u * 64u, 1000u * 64u, 1000u * 64u + 31u}) {
+        std::vector<double> y = noise(count);
+        std::vector<double> x(count);
+        for (std::size_t i = 0; i < count; ++i)
+            x[i] = 0.5 * static_cast<double>(i) / static_cast<double>(count);
+        y[count - 1] = 0.0;
+        x.push_back(1.0);
+        y.push_back(0.0);
+        LineSeries series(x, y);
+        series.setWidth(1.0);
+        PicturePainter painter;
+        draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
+        ASSERT_EQ(painter.count("drawImage"), 1u) << count;
+        for (int column = 220; column < 380; column += 40) {
+            EXPECT_GE(painter.alpha(column, 99) + painter.alpha(column, 100), 250) << count;
+            EXPECT_EQ(painter.alpha(column, 97) + painter.alpha(column, 102), 0) << count;
+        }
+    }
+}
+
 TEST(LineSeries, MovesByWholePixelsWithoutChangingWhatItShows) {
     LineSeries series(evenly(noise(200000)));
     series.setWidth(1.0);
