@@ -100,16 +100,24 @@ public:
     }
 
     void assign(const Probes& rows) {
-        std::fill(sums.begin(), sums.end(), 0.0);
-        for (std::size_t r = 0; r < rows.count && !looked.empty(); ++r) {
-            const auto values = grid.row(rows.cells[r]).subspan(first, sums.size());
-            if (unbroken) {
-                for (std::size_t i = 0; i < values.size(); ++i)
-                    sums[i] += values[i];
-            } else {
-                for (const std::size_t cell : looked)
-                    sums[cell - first] += values[cell - first];
-            }
+        if (looked.empty())
+            return;
+        std::array<const double*, mostProbes> values{};
+        for (std::size_t r = 0; r < rows.count; ++r)
+            values[r] = grid.row(rows.cells[r]).data() + first;
+        // All rows in one pass, which memory serves best.
+        switch (rows.count) {
+        case 1:
+            return assignEach([&](std::size_t i) { return values[0][i]; });
+        case 2:
+            return assignEach([&](std::size_t i) { return values[0][i] + values[1][i]; });
+        case 3:
+            return assignEach(
+                [&](std::size_t i) { return values[0][i] + values[1][i] + values[2][i]; });
+        default:
+            return assignEach([&](std::size_t i) {
+                return values[0][i] + values[1][i] + (values[2][i] + values[3][i]);
+            });
         }
     }
 
@@ -121,6 +129,17 @@ public:
     }
 
 private:
+    template <class Sum>
+    void assignEach(Sum sum) {
+        if (unbroken) {
+            for (std::size_t i = 0; i < sums.size(); ++i)
+                sums[i] = sum(i);
+        } else {
+            for (const std::size_t cell : looked)
+                sums[cell - first] = sum(cell - first);
+        }
+    }
+
     const Grid& grid;
     std::vector<std::size_t> looked;
     std::size_t first = 0;
