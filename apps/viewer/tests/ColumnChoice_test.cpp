@@ -27,7 +27,7 @@ Drawn draw(const std::string& text, const Options& options) {
 }
 
 std::string show(const Drawn& drawn) {
-    const auto name = [&drawn](std::size_t column) { return std::to_string(column + 1); };
+    const auto name = [](std::size_t column) { return std::to_string(column + 1); };
     const ChartPlan& plan = drawn.plan;
     std::string text = chartKindName(plan.kind);
     text += plan.x ? " x " + name(*plan.x) : " rows";

@@ -57,7 +57,7 @@ protected:
         return QImage(QString::fromStdString(workspace.path(name)));
     }
 
-    const Workspace workspace;
+    Workspace workspace;
 };
 
 TEST_F(ZembraView, ExportsEveryKindAtOnceAndSaysNothing) {

@@ -12,7 +12,7 @@ class Slots {
 public:
     template <class Object>
     explicit Slots(const Object& object) {
-        std::memcpy(&table, &object, sizeof table);
+        std::memcpy(&table, static_cast<const void*>(&object), sizeof table);
     }
 
     template <class Result = void, class Object, class... Arguments>
