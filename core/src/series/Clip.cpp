@@ -68,35 +68,6 @@ std::optional<std::pair<Point, Point>> clipSegment(const Point& from, const Poin
                      leave < 1.0 ? held(between(from, to, leave)) : held(to)};
 }
 
-void clipPolyline(const std::vector<Point>& points, const Rect& area,
-                  const std::function<void(const std::vector<Point>&)>& run) {
-    std::vector<Point> current;
-    const auto finish = [&] {
-        if (current.size() >= 2)
-            run(current);
-        current.clear();
-    };
-    for (std::size_t i = 1; i < points.size(); ++i) {
-        const Point& from = points[i - 1];
-        const Point& to = points[i];
-        if (!isFinite(from) || !isFinite(to)) {
-            finish();
-            continue;
-        }
-        const auto part = clipSegment(from, to, area);
-        if (!part) {
-            finish();
-            continue;
-        }
-        if (current.empty())
-            current.push_back(part->first);
-        current.push_back(part->second);
-        if (part->second != to)
-            finish();
-    }
-    finish();
-}
-
 std::vector<Point> clipPolygon(const std::vector<Point>& points, const Rect& area) {
     if (!std::all_of(points.begin(), points.end(), isFinite))
         return {};

@@ -3,7 +3,6 @@
 
 #include <zembra/paint/Geometry.h>
 
-#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -16,11 +15,6 @@ namespace zembra {
 /// Clipping", ACM Transactions on Graphics 3(1), 1984.
 std::optional<std::pair<Point, Point>> clipSegment(const Point& from, const Point& to,
                                                    const Rect& area);
-
-/// Cuts a polyline at points that are not finite and at the edges of `area`, and hands every
-/// remaining run of at least two points to `run`.
-void clipPolyline(const std::vector<Point>& points, const Rect& area,
-                  const std::function<void(const std::vector<Point>&)>& run);
 
 /// The polygon inside `area`; empty where nothing is left or a point is not finite. Parts of a
 /// concave polygon stay joined along the edges of `area`.
