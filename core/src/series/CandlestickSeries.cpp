@@ -194,7 +194,8 @@ void CandlestickSeries::draw(Canvas& canvas) const {
     const SampleRange seen =
         rangeBetween(d->x, canvas.x(), area.left() - reach, area.right() + reach);
     const auto isPlaced = [&](const Candle& candle) {
-        return canvas.y().scale().contains(candle.low);
+        const Scale& scale = canvas.y().scale();
+        return scale.contains(candle.low) && scale.contains(candle.high);
     };
     if (static_cast<double>(seen.count()) > area.width) {
         forEachColumn(d->x, canvas.x(), area.left(), area.right(),
@@ -215,7 +216,8 @@ void CandlestickSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
     const CandleColors colors = colorsFor(d->style, canvas.look().background);
     // One candle up, one down, side by side.
     const double width = std::floor(0.35 * area.width / 2.0) * 2.0 + 1.0;
-    const auto candle = [&](double centre, const Color& color) {
+    const auto candle = [&](double centre, bool rises) {
+        const Color& color = rises ? colors.up : colors.down;
         const double left = std::floor(centre - 0.5 * width);
         const double wick = left + std::floor(0.5 * width);
         canvas.fillRect({wick, area.y, 1.0, area.height}, color);
@@ -227,12 +229,11 @@ void CandlestickSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
         const double half = std::floor(0.5 * width);
         const double high = area.y + std::round(0.25 * area.height);
         const double low = area.y + std::round(0.75 * area.height);
-        const bool rises = color == colors.up;
         canvas.fillRect({left, rises ? low : high, half, 1.0}, color);
         canvas.fillRect({wick + 1.0, rises ? high : low, half, 1.0}, color);
     };
-    candle(area.x + 0.25 * area.width, colors.up);
-    candle(area.x + 0.75 * area.width, colors.down);
+    candle(area.x + 0.25 * area.width, true);
+    candle(area.x + 0.75 * area.width, false);
 }
 
 std::optional<NearestSample> CandlestickSeries::findNearest(const Point& pixel, const ScaleMap& x,

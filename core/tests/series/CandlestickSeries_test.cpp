@@ -125,6 +125,55 @@ TEST(CandlestickSeries, ShowsBothWaysInItsKey) {
                                                   "fillRect 11,2 7x6 #d55e00\n");
 }
 
+TEST(CandlestickSeries, ShowsBarsInItsKeyTooEvenWhereBothWaysHaveOneColour) {
+    Stage stage;
+    CandlestickSeries candles;
+    candles.setStyle({CandleShape::OpenHighLowClose, 0.7, Color(1, 2, 3), Color(1, 2, 3)});
+    EXPECT_EQ(stage.drawKey(candles), "fillRect 4,0 1x10 #010203\n"
+                                      "fillRect 1,8 3x1 #010203\n"
+                                      "fillRect 5,3 3x1 #010203\n"
+                                      "fillRect 14,0 1x10 #010203\n"
+                                      "fillRect 11,3 3x1 #010203\n"
+                                      "fillRect 15,8 3x1 #010203\n");
+    EXPECT_FALSE(candles.takesCycleColor());
+}
+
+TEST(CandlestickSeries, IsLighterOnDarkGrounds) {
+    RecordingPainter painter;
+    FrameBuffers buffers;
+    SeriesLook look;
+    look.background = Color(20, 20, 20);
+    Stage stage;
+    Canvas canvas(painter, {0.0, 0.0, 100.0, 100.0}, stage.x(), stage.y(), look, buffers);
+    CandlestickSeries(twoCandles()).drawLegendKey(canvas, {0.0, 0.0, 20.0, 10.0});
+    EXPECT_EQ(painter.lines().front(), "fillRect 4,0 1x10 #5cacee");
+    EXPECT_EQ(painter.lines().back(), "fillRect 11,2 7x6 #ff924a");
+}
+
+TEST(CandlestickSeries, LeavesOutRowsWithoutANumber) {
+    for (auto column : {&CandleRows::x, &CandleRows::open, &CandleRows::high, &CandleRows::low,
+                        &CandleRows::close}) {
+        CandleRows rows = twoCandles();
+        (rows.*column)[0] = notANumber;
+        Stage stage;
+        const std::string text = stage.draw(CandlestickSeries(rows));
+        EXPECT_EQ(text.find("#0072b2"), std::string::npos) << text;
+        EXPECT_NE(text.find("#d55e00"), std::string::npos) << text;
+    }
+}
+
+TEST(CandlestickSeries, LeavesOutWhatReachesOverTheEndOfAScale) {
+    const auto same = [](double v) { return v; };
+    const Scale upToTen = Scale::custom(same, same, {0.0, 10.0});
+    Stage stage(Scale(), 0.0, 10.0, upToTen, 0.0, 10.0);
+    // The first one's wick ends where the scale does not.
+    CandlestickSeries candles({{2.0, 4.0}, {3.0, 6.0}, {12.0, 7.0}, {1.0, 2.0}, {6.0, 4.0}});
+    candles.setStyle({.share = 0.45});
+    EXPECT_EQ(stage.draw(candles), "fillRect 40,30 1x50 #d55e00\n"
+                                   "fillRect 36,40 9x20 #d55e00\n");
+    EXPECT_EQ(candles.bounds(Scale(), upToTen).y, (Interval{2.0, 7.0}));
+}
+
 TEST(CandlestickSeries, WithstandsHostileNumbers) {
     expectHarmlessForAll([](const std::vector<double>& x, const std::vector<double>& y) {
         auto candles = std::make_shared<CandlestickSeries>(CandleRows{x, y, x, y, x});
