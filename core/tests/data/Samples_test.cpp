@@ -104,6 +104,10 @@ TEST(Samples, AreSortedWhereNoXIsBelowItsPredecessor) {
     EXPECT_TRUE(Samples::evenlySpaced(5.0, 0.1, x).isSorted());
     EXPECT_FALSE(Samples::evenlySpaced(5.0, -0.1, x).isSorted());
     EXPECT_FALSE(Samples::evenlySpaced(5.0, missing, x).isSorted());
+    EXPECT_FALSE(Samples::evenlySpaced(-infinity, 1.0, x).isSorted());
+    EXPECT_FALSE(Samples::evenlySpaced(1e308, 1e308, x).isSorted());
+    EXPECT_TRUE(Samples::owned({1.0f, 2.0f, 2.0f}, std::vector<float>(3)).isSorted());
+    EXPECT_FALSE(Samples::owned({1.0f, 2.0f, 1.5f}, std::vector<float>(3)).isSorted());
 }
 
 TEST(Samples, ReadTheSameHoweverTheyAreHeld) {
@@ -163,6 +167,61 @@ TEST(Samples, BoundsHoldWhatBothScalesCanPlace) {
     }
     EXPECT_TRUE(Samples().bounds(Scale(), Scale()).x.isEmpty());
     EXPECT_TRUE(Samples({missing, 1.0}, {1.0, missing}).bounds(Scale(), Scale()).y.isEmpty());
+}
+
+TEST(Samples, BoundsUnderAnyScaleAreThoseOfALookAtEverySample) {
+    const auto same = [](double v) { return v; };
+    const Scale scales[] = {Scale::linear(),
+                            Scale::log(),
+                            Scale::custom(same, same, {2.0, 9.5}),
+                            Scale::custom(same, same, {-3.0, 4.0}),
+                            Scale::custom(same, same, {0.0, 1e9}),
+                            Scale::custom(same, same, {1000.0, 1001.0})};
+    const std::vector<double> rough = roughValues(100, 7);
+    const std::vector<float> yf(rough.begin(), rough.end());
+    const std::vector<double> y(yf.begin(), yf.end());
+    std::vector<double> x(y.size());
+    for (std::size_t i = 0; i < x.size(); ++i)
+        x[i] = -10.0 + 0.25 * static_cast<double>(i);
+    const std::vector<float> xf(x.begin(), x.end());
+    Samples ring = Samples::streamed(x.size());
+    ring.append(y, y);
+    ring.append(x, y);
+    const Samples all[] = {Samples(x, y),
+                           Samples::owned(xf, yf),
+                           Samples::evenlySpaced(-10.0, 0.25, y),
+                           Samples::evenlySpaced(-10.0, 0.25, yf),
+                           Samples(y, x),
+                           Samples::owned(yf, xf),
+                           ring};
+    for (const Scale& sx : scales)
+        for (const Scale& sy : scales)
+            for (const Samples& samples : all) {
+                SampleBounds expected;
+                for (std::size_t i = 0; i < samples.size(); ++i) {
+                    if (!sx.contains(samples.x(i)) || !sy.contains(samples.y(i)))
+                        continue;
+                    expected.x.include(samples.x(i));
+                    expected.y.include(samples.y(i));
+                }
+                // The second answer comes from memory.
+                for (int i = 0; i < 2; ++i) {
+                    EXPECT_EQ(samples.bounds(sx, sy).x, expected.x);
+                    EXPECT_EQ(samples.bounds(sx, sy).y, expected.y);
+                }
+            }
+}
+
+TEST(Samples, BoundsUnderAScaleOfTheHostFollowTheSamplesOfARing) {
+    const auto same = [](double v) { return v; };
+    const Scale upToTen = Scale::custom(same, same, {0.0, 10.0});
+    Samples ring = Samples::streamed(4);
+    ring.append(1.0, -5.0);
+    ring.append(2.0, 3.0);
+    EXPECT_EQ(ring.bounds(upToTen, upToTen).x, (Interval{2.0, 2.0}));
+    ring.append(4.0, 6.0);
+    EXPECT_EQ(ring.bounds(upToTen, upToTen).x, (Interval{2.0, 4.0}));
+    EXPECT_EQ(ring.bounds(upToTen, upToTen).y, (Interval{3.0, 6.0}));
 }
 
 TEST(Samples, ARingAnswersAsItsLastSamplesDo) {

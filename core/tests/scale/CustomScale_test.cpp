@@ -44,6 +44,31 @@ TEST(CustomScale, RangesStayInsideTheDomain) {
     EXPECT_LT(scale.autoRange({0.0, 0.0}, 0.1).min, scale.autoRange({0.0, 0.0}, 0.1).max);
 }
 
+TEST(CustomScale, WithoutDataTheRangeIsAnEasyOneOfTheDomain) {
+    const auto same = [](double v) { return v; };
+    const struct {
+        Interval domain;
+        Interval range;
+    } cases[] = {
+        {{-5.0, 5.0}, {0.0, 1.0}},        {{0.5, 100.0}, {1.0, 10.0}},
+        {{1.0, 5.0}, {1.0, 2.0}},         {{20.0, 30.0}, {20.0, 21.0}},
+        {{-30.0, -20.0}, {-21.0, -20.0}}, {{0.0, 0.5}, {0.0, 0.5}},
+        {{1e300, 2e300}, {1e300, 2e300}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Scale::custom(same, same, c.domain).autoRange({}, 0.0), c.range) << c.domain.min;
+}
+
+TEST(CustomScale, ADomainThatIsNoneMeansAllNumbers) {
+    const auto same = [](double v) { return v; };
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (const Interval& domain : {Interval{5.0, 1.0}, Interval{2.0, 2.0}, Interval{nan, nan}}) {
+        const Scale scale = Scale::custom(same, same, domain);
+        EXPECT_TRUE(scale.contains(-1e300));
+        EXPECT_TRUE(scale.contains(1e300));
+    }
+}
+
 TEST(CustomScale, FunctionsThatFailPlaceNothing) {
     const auto failing = [](double) -> double { throw std::runtime_error("no"); };
     const Scale scales[] = {Scale::custom(failing, failing), Scale::custom({}, {})};

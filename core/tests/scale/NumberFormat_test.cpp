@@ -104,6 +104,62 @@ TEST(NumberFormat, WhatTellsNoNumberReadsAsNone) {
     EXPECT_FALSE(NumberFormat().parse("1", "nonsense"));
 }
 
+TEST(NumberFormat, ReadsWhatPeopleWriteBesideItsOwnTexts) {
+    NumberFormat meters = NumberFormat::siPrefix("m");
+    struct Case {
+        NumberFormat format;
+        const char* label;
+        const char* offset;
+        double value;
+    };
+    const double e = std::exp(1.0);
+    const Case cases[] = {
+        {NumberFormat(), "e", "", e},
+        {NumberFormat(), "−e", "", -e},
+        {NumberFormat(), "e²", "", e * e},
+        {NumberFormat(), "−2³", "", -8.0},
+        {NumberFormat(), "−10³", "", -1000.0},
+        // More digits than an integer holds.
+        {NumberFormat(), "12345678901234567890", "", 12345678901234567890.0},
+        {NumberFormat(), "−12345678901234567890.5", "", -12345678901234567890.5},
+        {NumberFormat(), "1", "×10³ +2", 1002.0},
+        {NumberFormat(), "1", "×10³+2", 1002.0},
+        {NumberFormat(), "1", "×10³", 1000.0},
+        {NumberFormat(), "1", "+1234567890123456789", 1234567890123456789.0},
+        {NumberFormat(), "1×10³⁰", "+1", 1e30},
+        {NumberFormat(), "0.001", "+2", 2.001},
+        {NumberFormat(), "1", "−2", -1.0},
+        {NumberFormat(), "e", "+1", e + 1.0},
+        {NumberFormat(), "1", "+e", e + 1.0},
+        {NumberFormat::percent(), "12.5", "", 0.125},
+        {NumberFormat::currency("$"), "5", "", 5.0},
+        {NumberFormat::currency("$"), "−$5", "", -5.0},
+        {meters, "5\u00a0km", "", 5000.0},
+        {meters, "5\u00a0mm", "", 0.005},
+        {meters, "5k", "", 5000.0},
+        {meters, "5m", "", 5.0},
+        {meters, "5", "", 5.0},
+        {NumberFormat::siPrefix(), "3µ", "", 3e-6},
+        {NumberFormat::siPrefix(), "3n", "", 3e-9},
+        {NumberFormat::siPrefix(), "3G", "", 3e9},
+    };
+    for (const Case& c : cases) {
+        const auto value = c.format.parse(c.label, c.offset);
+        ASSERT_TRUE(value) << c.label << " " << c.offset;
+        EXPECT_DOUBLE_EQ(*value, c.value) << c.label << " " << c.offset;
+    }
+    for (const char* text : {"10⁻", "10⁻³⁻", "10⁹⁹⁹⁹⁹⁹⁹⁹⁹⁹⁹⁹", "1.2.3", "1..2.", "ee", "e1",
+                             "99999999999999999999×10⁴⁰⁰"})
+        EXPECT_FALSE(NumberFormat().parse(text)) << text;
+    for (const char* text : {"", "m", "k", "µ"})
+        EXPECT_FALSE(meters.parse(text)) << text;
+}
+
+TEST(NumberFormat, AnEmptyDecimalPointMeansThePoint) {
+    NumberFormat format = NumberFormat::fixed(1);
+    EXPECT_EQ(format.setDecimalPoint("").text(1.5, 0.1), "1.5");
+}
+
 TEST(NumberFormat, SingleNumbersAreRoundedToWhatMatters) {
     struct Case {
         double value, resolution;
@@ -119,6 +175,9 @@ TEST(NumberFormat, SingleNumbersAreRoundedToWhatMatters) {
         {0.004, 0.01, "0.00"},
         {0.006, 0.01, "0.01"},
         {-0.004, 0.01, "0.00"},
+        {-0.006, 0.01, "−0.01"},
+        {1.25, -1.0, "1.25"},
+        {1.25, HUGE_VAL, "1.25"},
         {6.02214e23, 0.0, "6.02214×10²³"},
         {-1.6e-19, 0.0, "−1.6×10⁻¹⁹"},
         {5e-324, 0.0, "4.94066×10⁻³²⁴"},

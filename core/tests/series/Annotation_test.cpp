@@ -162,6 +162,7 @@ TEST(TextAnnotation, OnItsPlaceThereIsNoLine) {
     TextAnnotation note(middle, "top");
     note.setOffset({0.0, 0.0});
     note.setOffset({notANumber, 3.0});
+    note.setOffset({3.0, HUGE_VAL});
     const std::string text = drawn(note);
     EXPECT_EQ(text.find("Polyline"), std::string::npos) << text;
     EXPECT_EQ(text.find("Ellipse"), std::string::npos) << text;
@@ -176,6 +177,8 @@ TEST(TextAnnotation, IsKeptOnTheCanvasAndGoesWithItsPlace) {
     note.setPlace(middle);
     note.setText("far too long for a canvas of a hundred pixels");
     EXPECT_EQ(drawn(note), "");
+    note.setText("");
+    EXPECT_EQ(drawn(note), "");
 }
 
 TEST(ArrowAnnotation, PointsWithItsHeadAtTheEnd) {
@@ -183,6 +186,56 @@ TEST(ArrowAnnotation, PointsWithItsHeadAtTheEnd) {
     EXPECT_NE(text.find("drawPolyline 20,50 71,50"), std::string::npos) << text;
     EXPECT_NE(text.find("fillPolygon #000000 80,50 71,53.6 71,46.4"), std::string::npos) << text;
     EXPECT_EQ(drawn(ArrowAnnotation(middle, middle)), "");
+}
+
+TEST(ArrowAnnotation, FollowsItsEndsAndItsWidth) {
+    ArrowAnnotation arrow(middle, middle);
+    arrow.setEnds({2.0, 5.0}, {8.0, 5.0});
+    EXPECT_EQ(drawn(arrow), drawn(ArrowAnnotation({2.0, 5.0}, {8.0, 5.0})));
+    const std::string thin = drawn(arrow);
+    arrow.setWidth(4.0);
+    EXPECT_NE(drawn(arrow), thin);
+    for (const double bad : {-1.0, notANumber, HUGE_VAL})
+        arrow.setWidth(bad);
+    EXPECT_EQ(arrow.width(), 4.0);
+}
+
+TEST(ShapeAnnotation, CanDoWithoutOutlineOrFillingInEveryShape) {
+    const struct {
+        AnnotationShape shape;
+        const char* fill;
+        const char* outline;
+    } cases[] = {
+        {AnnotationShape::Rectangle, "fillRect", "drawRect"},
+        {AnnotationShape::Ellipse, "fillEllipse", "drawEllipse"},
+        {AnnotationShape::Polygon, "fillPolygon", "drawPolyline"},
+    };
+    for (const auto& c : cases) {
+        for (const double width : {0.0, 2.0}) {
+            for (const double opacity : {0.0, 0.5}) {
+                ShapeAnnotation shape(c.shape, {});
+                shape.setCorners({{2.0, 2.0}, {8.0, 3.0}, {4.0, 7.0}});
+                shape.setWidth(width);
+                shape.setOpacity(opacity);
+                Stage stage;
+                stage.draw(shape);
+                EXPECT_EQ(stage.painter().count(c.outline), width > 0.0 ? 1u : 0u) << c.outline;
+                EXPECT_EQ(stage.painter().count(c.fill), opacity > 0.0 ? 1u : 0u) << c.fill;
+            }
+        }
+    }
+}
+
+TEST(ShapeAnnotation, OddWidthsAndOpacitiesAreIgnored) {
+    ShapeAnnotation shape(AnnotationShape::Rectangle, {{2.0, 2.0}, {4.0, 4.0}});
+    shape.setWidth(3.0);
+    shape.setOpacity(0.5);
+    for (const double bad : {-1.0, notANumber, HUGE_VAL}) {
+        shape.setWidth(bad);
+        shape.setOpacity(bad);
+    }
+    EXPECT_EQ(shape.width(), 3.0);
+    EXPECT_EQ(shape.opacity(), 0.5);
 }
 
 TEST(ShapeAnnotation, DrawsItsOutlineOverItsFilling) {

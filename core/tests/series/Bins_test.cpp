@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 using namespace zembra;
@@ -63,6 +64,48 @@ TEST(Bins, AreAsWideAsAskedFromTheirOrigin) {
     const std::vector<double> samples = counted(100);
     for (const double width : {0.0, -1.0, notANumber, 1e-9})
         EXPECT_EQ(Bins::ofWidth(width).edgesFor(samples), Bins().edgesFor(samples)) << width;
+}
+
+TEST(Bins, OfAWidthThatDoublesCannotTellFallBack) {
+    const struct {
+        double width, origin, min, max;
+    } cases[] = {
+        // Neighbouring edges would be equal, or infinite, or the origin further away than can be.
+        {0.01, 0.0, 1e17, 1e17 + 160.0}, {1e308, 0.0, -1.7e308, 1.7e308},
+        {1e308, 0.0, 1e308, 1.7e308},    {1e306, -1.7e308, 1.0e308, 1.7e308},
+        {1.0, notANumber, 1.0, 5.0},     {1.0, HUGE_VAL, 1.0, 5.0},
+    };
+    for (const auto& c : cases) {
+        const std::vector<double> samples{c.min, c.max};
+        EXPECT_EQ(Bins::ofWidth(c.width, c.origin).edgesFor(samples), Bins().edgesFor(samples))
+            << c.width << " from " << c.origin;
+    }
+}
+
+TEST(Bins, HoldEverySampleBesideTheirEdges) {
+    for (int i = 1; i < 2000; ++i) {
+        const double edge = 0.1 * i;
+        for (const double value : {std::nextafter(edge, 0.0), edge, std::nextafter(edge, 1e9)}) {
+            for (const std::vector<double>& samples :
+                 {std::vector{value, value + 1.0}, std::vector{value - 1.0, value}}) {
+                const auto edges = Bins::ofWidth(0.1).edgesFor(samples);
+                ASSERT_LE(edges.front(), samples[0]) << i;
+                ASSERT_GE(edges.back(), samples[1]) << i;
+            }
+        }
+    }
+}
+
+TEST(Bins, OfOneValueSurroundItAtTheEndsOfDoubleToo) {
+    const double huge = std::numeric_limits<double>::max();
+    for (const double value : {0.0, 3.0, -1e15, huge, -huge}) {
+        const auto edges = Bins().edgesFor({value, value});
+        ASSERT_EQ(edges.size(), 2u) << value;
+        EXPECT_TRUE(std::isfinite(edges[0]) && std::isfinite(edges[1])) << value;
+        EXPECT_LT(edges[0], edges[1]) << value;
+        EXPECT_LE(edges[0], value);
+        EXPECT_GE(edges[1], value);
+    }
 }
 
 TEST(Bins, KeepTheirEdgesSortedAndFinite) {

@@ -116,3 +116,48 @@ TEST(ColorScale, ValuesWithoutAPlaceTakeTheNanColor) {
     for (double value : {notANumber, infinity, -infinity})
         EXPECT_EQ(colors.color(value), Color(1, 2, 3));
 }
+
+TEST(ColorScale, ACenterSoFarAwayThatNoRangeIsEvenLeavesTheDataAlone) {
+    ColorScale scale;
+    scale.setDataRange({-1e308, 1e308});
+    scale.setCenter(1.5e308);
+    EXPECT_EQ(scale.range(), (Interval{-1e308, 1e308}));
+    scale.setScale(Scale::log());
+    scale.setDataRange({1e-300, 1.0});
+    scale.setCenter(1e200);
+    EXPECT_EQ(scale.range(), (Interval{1e-300, 1.0}));
+    scale.setDataRange({1.0, 1e300});
+    scale.setCenter(1e-200);
+    EXPECT_EQ(scale.range(), (Interval{1.0, 1e300}));
+}
+
+TEST(ColorScale, AnotherScaleKeepsAFixedRangeThatItCanPlace) {
+    const auto same = [](double v) { return v; };
+    const struct {
+        Interval domain;
+        Interval range;
+    } cases[] = {
+        {{0.0, 10.0}, {2.0, 8.0}},
+        {{3.0, 10.0}, {4.0, 5.0}},
+        {{0.0, 7.0}, {4.0, 5.0}},
+    };
+    for (const auto& c : cases) {
+        ColorScale scale;
+        scale.setDataRange({4.0, 5.0});
+        ASSERT_TRUE(scale.setRange(2.0, 8.0));
+        scale.setScale(Scale::custom(same, same, c.domain));
+        EXPECT_EQ(scale.range(), c.range) << c.domain.min << " to " << c.domain.max;
+    }
+}
+
+TEST(ColorScale, FollowsTheDataAgainAfterAFixedRange) {
+    ColorScale scale;
+    scale.setMap(ColorMap({Color(0, 0, 0), Color(255, 255, 255)}));
+    scale.setDataRange({4.0, 5.0});
+    ASSERT_TRUE(scale.setRange(0.0, 10.0));
+    EXPECT_NE(scale.color(5.0), Color(255, 255, 255));
+    scale.setAutoRange();
+    EXPECT_EQ(scale.range(), (Interval{4.0, 5.0}));
+    EXPECT_EQ(scale.color(4.0), Color(0, 0, 0));
+    EXPECT_EQ(scale.color(5.0), Color(255, 255, 255));
+}

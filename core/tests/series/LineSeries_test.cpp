@@ -248,6 +248,86 @@ TEST(LineSeries, GoesFarFromTheLastOfManySamplesAndNotFromAnExtreme) {
     }
 }
 
+TEST(LineSeries, LooksTheSameHoweverItsManySamplesAreHeld) {
+    // Reduced by strips of pixels, and by blocks of the index.
+    for (const std::size_t count : {16384u, 65536u}) {
+        const double step = 1.0 / static_cast<double>(count);
+        const std::vector<double> rough = noise(count);
+        const std::vector<float> yf(rough.begin(), rough.end());
+        const std::vector<double> y(yf.begin(), yf.end());
+        std::vector<double> x(count);
+        for (std::size_t i = 0; i < count; ++i)
+            x[i] = static_cast<double>(i) * step;
+        const std::vector<float> xf(x.begin(), x.end());
+        LineSeries series(x, y);
+        PicturePainter expected;
+        draw(series, expected, xOver(0.0, 1.0), yOver(-1.0, 1.0));
+        ASSERT_FALSE(expected.pixels.empty());
+        for (const Samples& samples :
+             {Samples::owned(xf, yf), Samples::borrowed(x, y), Samples::evenlySpaced(0.0, step, y),
+              Samples::evenlySpaced(0.0, step, yf)}) {
+            series.setSamples(samples);
+            PicturePainter painter;
+            draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
+            EXPECT_EQ(painter.text(), expected.text());
+            EXPECT_TRUE(painter.pixels == expected.pixels);
+        }
+    }
+}
+
+TEST(LineSeries, ShowsSamplesThatAreSuddenlyFarApartWhereTheyAre) {
+    // Most samples lie in the left quarter; to its right stand peaks eight pixels apart, with some
+    // more samples on the ground close together.
+    std::vector<double> x;
+    std::vector<double> y;
+    constexpr int dense = 500000;
+    for (int i = 0; i < dense; ++i) {
+        x.push_back(100.0 * i / dense);
+        y.push_back(0.1 * (i % 3));
+    }
+    std::vector<int> peaks;
+    for (int peak = 110; peak < 390; peak += 8) {
+        for (int i = 0; i < 3 * (peak % 5); ++i) {
+            x.push_back(peak - 5.0 + 0.01 * i);
+            y.push_back(0.0);
+        }
+        x.insert(x.end(), {peak - 1.0, peak + 0.0, peak + 1.0});
+        y.insert(y.end(), {0.0, 10.0, 0.0});
+        peaks.push_back(peak);
+    }
+    PicturePainter painter;
+    draw(LineSeries(x, y), painter, xOver(0.0, width), yOver(0.0, 10.0));
+    ASSERT_FALSE(painter.pixels.empty());
+    for (const int peak : peaks) {
+        EXPECT_GT(painter.alpha(peak, 10) + painter.alpha(peak - 1, 10), 0) << peak;
+        for (int beside = peak + 2; beside < peak + 6; ++beside)
+            EXPECT_EQ(painter.alpha(beside, 150), 0) << peak << " " << beside;
+    }
+}
+
+TEST(LineSeries, LeavesAGapWhereAScaleOfTheHostCannotPlaceManySamples) {
+    const auto same = [](double v) { return v; };
+    std::vector<double> y(20000, 1.0);
+    std::fill(y.begin() + 8000, y.begin() + 12000, 100.0);
+    for (std::size_t i = 0; i < y.size(); i += 2)
+        y[i] += 1.0;
+    PicturePainter painter;
+    draw(LineSeries(evenly(y), ""), painter, xOver(0.0, 1.0),
+         yOver(0.0, 4.0, Scale::custom(same, same, {0.0, 5.0})));
+    ASSERT_FALSE(painter.pixels.empty());
+    for (int column = 2; column < 398; ++column) {
+        if (column >= 158 && column <= 162)
+            continue;
+        if (column >= 238 && column <= 242)
+            continue;
+        int inked = 0;
+        for (int row = 0; row < 200; ++row)
+            inked += painter.alpha(column, row) > 0 ? 1 : 0;
+        const bool isGap = column > 162 && column < 238;
+        EXPECT_EQ(inked > 0, !isGap) << column;
+    }
+}
+
 TEST(LineSeries, MovesByWholePixelsWithoutChangingWhatItShows) {
     LineSeries series(evenly(noise(200000)));
     series.setWidth(1.0);
@@ -407,6 +487,49 @@ TEST(LineSeries, KeepsItsDashesWhereTheyBecomeAPicture) {
     const auto solid = inked();
     // Square ends make each dash longer by the pen's width: 6 of 10.
     EXPECT_NEAR(static_cast<double>(dashed) / static_cast<double>(solid), 0.6, 0.05);
+}
+
+TEST(LineSeries, DrawsTheDashesOfEveryStyleWhereTheyBecomeAPicture) {
+    std::vector<double> values(2000);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = std::sin(0.03 * static_cast<double>(i));
+    LineSeries series(evenly(values));
+    series.setWidth(2.0);
+    const auto inked = [&series] {
+        PicturePainter painter;
+        draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
+        EXPECT_EQ(painter.count("drawImage"), 1u);
+        return static_cast<double>(std::count_if(painter.pixels.begin(), painter.pixels.end(),
+                                                 [](unsigned char byte) { return byte > 127; }));
+    };
+    series.setDashPattern({5.0, 0.0});
+    const double solid = inked();
+    series.setDashPattern({});
+    // Square ends make each dash longer by the pen's width.
+    const struct {
+        PenStyle style;
+        double share;
+    } cases[] = {
+        {PenStyle::Dash, 5.0 / 6.0},
+        {PenStyle::Dot, 2.0 / 3.0},
+        {PenStyle::DashDot, 7.0 / 9.0},
+        {PenStyle::DashDotDot, 9.0 / 12.0},
+    };
+    for (const auto& c : cases) {
+        series.setStyle(c.style);
+        EXPECT_EQ(series.style(), c.style);
+        EXPECT_NEAR(inked() / solid, c.share, 0.05) << static_cast<int>(c.style);
+    }
+    // A dash without a gap of its own, and lengths that are none.
+    series.setDashPattern({5.0});
+    EXPECT_NEAR(inked() / solid, 1.0, 0.01);
+    series.setDashPattern({6.0, HUGE_VAL});
+    EXPECT_NEAR(inked() / solid, 1.0, 0.05);
+    series.setStyle(PenStyle::None);
+    series.setDashPattern({});
+    RecordingPainter painter;
+    draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
+    EXPECT_EQ(painter.text(), "");
 }
 
 TEST(LineSeries, ItsRevisionOnlyGrows) {

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <utility>
 
 using namespace zembra;
 using namespace zembra::test;
@@ -238,6 +239,86 @@ TEST(ScatterSeries, FindsTheNearestMarkerThatIsShown) {
     series.setColorValues({notANumber, 1.0, 1.0, 1.0});
     EXPECT_EQ(stage.nearest(series, {53.0, 50.0})->index, 2u);
     EXPECT_FALSE(stage.nearest(ScatterSeries(), {53.0, 50.0}));
+}
+
+TEST(ScatterSeries, LooksTheSameHoweverItsSamplesAreHeld) {
+    std::vector<double> x;
+    std::vector<double> y;
+    for (int i = 0; i < 40; ++i) {
+        x.push_back(0.5 * i - 1.0);
+        y.push_back(i % 7 == 3 ? notANumber : i % 11 + 0.25);
+    }
+    const std::vector<float> xf(x.begin(), x.end());
+    const std::vector<float> yf(y.begin(), y.end());
+    Samples ring = Samples::streamed(x.size());
+    ring.append(-3.0, 7.0);
+    ring.append(x, y);
+    const Samples others[] = {Samples::owned(xf, yf), Samples::evenlySpaced(-1.0, 0.5, y),
+                              Samples::evenlySpaced(-1.0, 0.5, yf), ring};
+    for (const auto shape : {MarkerShape::Circle, MarkerShape::Square}) {
+        ScatterSeries series(x, y);
+        series.setMarkerShape(shape);
+        Stage stage;
+        const std::string expected = stage.draw(series);
+        EXPECT_NE(expected, "");
+        for (const Samples& samples : others) {
+            series.setSamples(samples);
+            EXPECT_EQ(stage.draw(series), expected);
+        }
+    }
+}
+
+TEST(ScatterSeries, KeepsItsSizeWhereAnotherMakesNoSense) {
+    ScatterSeries series({5.0}, {5.0});
+    series.setMarkerSize(8.0);
+    for (const double bad : {0.0, -1.0, notANumber, HUGE_VAL})
+        series.setMarkerSize(bad);
+    EXPECT_EQ(series.markerSize(), 8.0);
+}
+
+TEST(ScatterSeries, TellsWhatItWasGiven) {
+    ScatterSeries series;
+    series.setSamples({1.0, 2.0}, {3.0, 4.0});
+    EXPECT_EQ(series.samples().size(), 2u);
+    EXPECT_EQ(series.samples().y(1), 4.0);
+    series.setMarkerShape(MarkerShape::Star);
+    EXPECT_EQ(series.markerShape(), MarkerShape::Star);
+    series.setMarkerSizes({4.0, 5.0});
+    EXPECT_EQ(series.markerSizes(), (std::vector{4.0, 5.0}));
+    series.setMarkerColors({Color(1, 2, 3)});
+    EXPECT_EQ(series.markerColors(), (std::vector{Color(1, 2, 3)}));
+    series.setColorValues({7.0});
+    EXPECT_EQ(series.colorValues(), std::vector{7.0});
+}
+
+TEST(ScatterSeries, ItsRevisionGrowsWithEveryChangeAndItsSamples) {
+    Samples ring = Samples::streamed(10);
+    ring.append(1.0, 1.0);
+    ring.append(2.0, 1.0);
+    ScatterSeries series(ring, "");
+    std::uint64_t before = series.revision();
+    const auto grows = [&] {
+        const std::uint64_t now = series.revision();
+        return now > std::exchange(before, now);
+    };
+    ring.append(3.0, 1.0);
+    EXPECT_TRUE(grows());
+    series.setMarkerSize(9.0);
+    EXPECT_TRUE(grows());
+    series.setSamples({1.0}, {1.0});
+    EXPECT_TRUE(grows());
+}
+
+TEST(ScatterSeries, DrawsDiscsTooLargeForAPictureOneByOne) {
+    std::vector<double> x;
+    for (int i = 0; i < 3000; ++i)
+        x.push_back(0.1 * i);
+    ScatterSeries series(x, std::vector<double>(x.size(), 100.0));
+    series.setMarkerSize(180.0);
+    RecordingPainter painter;
+    draw(series, painter);
+    EXPECT_EQ(painter.count("drawImage"), 0u);
+    EXPECT_EQ(painter.count("fillEllipse") + painter.count("fillPolygon"), 3000u);
 }
 
 TEST(ScatterSeries, WithstandsHostileNumbers) {

@@ -121,3 +121,35 @@ TEST(SourceSeries, WithstandsViewsAndAnswersOutOfAnyBounds) {
     EXPECT_FALSE(painter.sawWildNumber());
     EXPECT_GE(source->requests.size(), 3u);
 }
+
+TEST(SourceSeries, DrawsNothingWithoutASourceOrAViewThatHasColumns) {
+    RecordingPainter painter;
+    draw(SourceSeries(), painter, 0.0, 10.0);
+    const auto source = std::make_shared<FixedSource>();
+    source->answer = columns({{1.0, 1.0, 2.0, 2.0, 1.0, 2.0, false}});
+    const SourceSeries series(source);
+    FrameBuffers buffers;
+    // No width, no span, a span beyond double.
+    for (const auto& [right, last] : {std::pair{0.0, 10.0}, {100.0, 0.0}}) {
+        Canvas canvas(painter, {0.0, 0.0, right, 50.0},
+                      ScaleMap(Scale::linear(), 0.0, right, 0.0, last),
+                      ScaleMap(Scale::linear(), 50.0, 0.0, 0.0, 5.0), {}, buffers);
+        series.draw(canvas);
+    }
+    draw(series, painter, -1.7e308, 1.7e308);
+    EXPECT_EQ(source->requests.size(), 0u);
+    EXPECT_EQ(painter.count(), 0u);
+}
+
+TEST(SourceSeries, KeepsItsWidthWhereAnotherMakesNoSenseAndShowsItInItsKey) {
+    SourceSeries series(std::make_shared<FixedSource>());
+    series.setWidth(2.0);
+    for (const double bad : {-1.0, std::numeric_limits<double>::quiet_NaN(), HUGE_VAL})
+        series.setWidth(bad);
+    EXPECT_EQ(series.width(), 2.0);
+    RecordingPainter painter;
+    FrameBuffers buffers;
+    Canvas canvas(painter, {0.0, 0.0, 100.0, 50.0}, ScaleMap(), ScaleMap(), {}, buffers);
+    series.drawLegendKey(canvas, {0.0, 0.0, 20.0, 10.0});
+    EXPECT_EQ(painter.text(), "setPen #000000 2\ndrawPolyline 0,5 20,5\n");
+}

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "support/HostileNumbers.h"
+
+#include <zembra/series/Canvas.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace zembra;
+using namespace zembra::test;
+
+namespace {
+
+const Rect area{10.0, 10.0, 4.0, 4.0};
+const Color ink(1, 2, 3);
+
+// Draws on a canvas of 4 × 4 pixels, and keeps what the painter is given of images.
+class Bench : public RecordingPainter {
+public:
+    explicit Bench(const Rect& rect = area)
+        : canvas(*this, rect, ScaleMap(Scale::linear(), rect.left(), rect.right(), 0.0, 1.0),
+                 ScaleMap(Scale::linear(), rect.bottom(), rect.top(), 0.0, 1.0), {}, buffers) {}
+
+    void drawImage(const unsigned char* rgba, int w, int h, double cx, double cy) override {
+        RecordingPainter::drawImage(rgba, w, h, cx, cy);
+        reds.clear();
+        for (int i = 0; i < w * h; ++i)
+            reds.push_back(rgba[4 * i]);
+    }
+
+    FrameBuffers buffers;
+    std::vector<int> reds;
+    Canvas canvas;
+};
+
+// Its reds count up from 0.
+std::shared_ptr<const std::vector<std::uint8_t>> picture(int width, int height) {
+    auto rgba = std::make_shared<std::vector<std::uint8_t>>();
+    for (int i = 0; i < width * height; ++i)
+        rgba->insert(rgba->end(), {static_cast<std::uint8_t>(i), 0, 0, 255});
+    return rgba;
+}
+
+} // namespace
+
+TEST(Canvas, AnImageInsideIsDrawnAsItIsAndKeptForTheFrame) {
+    Bench bench;
+    const auto rgba = picture(2, 2);
+    bench.canvas.drawImage(rgba, 2, 2, {11.0, 12.0});
+    EXPECT_EQ(bench.text(), "drawImage 2x2 12,13\n");
+    ASSERT_EQ(bench.buffers.size(), 1u);
+    EXPECT_EQ(bench.buffers[0], rgba);
+}
+
+TEST(Canvas, AnImageIsCutToTheWholePixelsInside) {
+    const struct {
+        Point corner;
+        const char* call;
+        std::vector<int> reds;
+    } cases[] = {
+        {{9.0, 10.0}, "drawImage 2x2 11,11\n", {1, 2, 4, 5}},
+        {{10.0, 9.0}, "drawImage 3x1 11.5,10.5\n", {3, 4, 5}},
+        {{13.0, 10.0}, "drawImage 1x2 13.5,11\n", {0, 3}},
+        {{11.0, 13.0}, "drawImage 3x1 12.5,13.5\n", {0, 1, 2}},
+        // Kept where its centre lies inside.
+        {{9.5, 10.0}, "drawImage 3x2 11,11\n", {0, 1, 2, 3, 4, 5}},
+        {{9.25, 10.0}, "drawImage 2x2 11.25,11\n", {1, 2, 4, 5}},
+        // No centre of a pixel lies inside.
+        {{7.25, 10.0}, "", {}},
+        {{13.75, 10.0}, "", {}},
+        {{11.0, 8.25}, "", {}},
+        {{11.0, 13.75}, "", {}},
+        {{20.0, 10.0}, "", {}},
+        {{10.0, 20.0}, "", {}},
+    };
+    for (const auto& c : cases) {
+        Bench bench;
+        bench.canvas.drawImage(picture(3, 2), 3, 2, c.corner);
+        EXPECT_EQ(bench.text(), c.call) << c.corner.x << " " << c.corner.y;
+        EXPECT_EQ(bench.reds, c.reds) << c.corner.x << " " << c.corner.y;
+        EXPECT_EQ(bench.buffers.size(), c.reds.empty() ? 0u : 1u);
+    }
+}
+
+TEST(Canvas, WhatIsNoImageIsNotDrawn) {
+    Bench bench;
+    bench.canvas.drawImage(nullptr, 2, 2, {11.0, 11.0});
+    bench.canvas.drawImage(picture(2, 2), 0, 2, {11.0, 11.0});
+    bench.canvas.drawImage(picture(2, 2), 2, -1, {11.0, 11.0});
+    bench.canvas.drawImage(picture(2, 2), 2, 1, {11.0, 11.0});
+    bench.canvas.drawImage(picture(2, 2), 2, 2, {notANumber, 11.0});
+    bench.canvas.drawImage(picture(2, 2), 2, 2, {11.0, HUGE_VAL});
+    EXPECT_EQ(bench.text(), "");
+}
+
+TEST(Canvas, DiscsWithoutARadiusAreNotDrawn) {
+    for (const double radius : {0.0, -2.0, notANumber}) {
+        Bench bench;
+        bench.canvas.fillDiscs(
+            [](std::vector<Point>& centres) {
+                centres = {{12.0, 12.0}};
+                return false;
+            },
+            radius, ink);
+        int calls = 0;
+        bench.canvas.fillDiscs(
+            [&calls](std::vector<Point>& centres) {
+                centres = {{12.0, 12.0}};
+                return calls++ == 0;
+            },
+            radius, ink);
+        EXPECT_EQ(bench.text(), "") << radius;
+    }
+}
+
+TEST(Canvas, MarkersWithoutSizeOrColourAreNotDrawn) {
+    Bench bench;
+    for (const double size : {0.0, -1.0, notANumber, HUGE_VAL})
+        bench.canvas.fillMarker(MarkerShape::Square, {{12.0, 12.0}, size, ink});
+    bench.canvas.fillMarker(MarkerShape::Square, {{12.0, 12.0}, 2.0, ink.withAlpha(0)});
+    EXPECT_EQ(bench.text(), "");
+    bench.canvas.fillMarker(MarkerShape::Circle, {{12.0, 12.0}, 2.0, ink});
+    EXPECT_EQ(bench.text(), "fillEllipse 12,12 1x1 #010203\n");
+}
+
+TEST(Canvas, MarkersInAPictureAreThoseThatWouldBeDrawnAlone) {
+    const Rect wide{0.0, 0.0, 300.0, 300.0};
+    // Without size or colour, outside to every side, far too large, and one in the middle.
+    const std::vector<Marker> some = {
+        {{150.0, 150.0}, 0.0, ink},        {{150.0, 150.0}, -1.0, ink},
+        {{150.0, 150.0}, notANumber, ink}, {{150.0, 150.0}, 9.0, ink.withAlpha(0)},
+        {{-20.0, 150.0}, 9.0, ink},        {{320.0, 150.0}, 9.0, ink},
+        {{150.0, -20.0}, 9.0, ink},        {{150.0, 320.0}, 9.0, ink},
+        {{notANumber, 150.0}, 9.0, ink},   {{150.0, notANumber}, 9.0, ink},
+    };
+    const auto draw = [&](const std::vector<Marker>& extra) {
+        Bench bench(wide);
+        int calls = 0;
+        bench.canvas.fillMarkers(MarkerShape::Square, [&](std::vector<Marker>& markers) {
+            markers.clear();
+            for (int i = 0; i < 300; ++i)
+                markers.insert(markers.end(), some.begin(), some.end());
+            markers.insert(markers.end(), extra.begin(), extra.end());
+            return calls++ == 0;
+        });
+        return bench.text();
+    };
+    EXPECT_EQ(draw({}), "");
+    EXPECT_EQ(draw({{{150.5, 150.5}, 2.0, ink}}).substr(0, 9), "drawImage");
+    // Each edge shows what reaches over it.
+    for (const Point& centre :
+         {Point{-2.0, 150.0}, Point{302.0, 150.0}, Point{150.0, -2.0}, Point{150.0, 302.0}})
+        EXPECT_EQ(draw({{centre, 20.0, ink}}).substr(0, 9), "drawImage");
+    EXPECT_EQ(draw({{{150.0, 150.0}, 250.0, ink}}).substr(0, 9), "drawImage");
+}
+
+TEST(Canvas, TextsAreDrawnWhereAllOfThemFits) {
+    const Rect wide{0.0, 0.0, 100.0, 100.0};
+    const Font font;
+    const struct {
+        Point baseline;
+        std::string text;
+        bool drawn;
+    } cases[] = {
+        {{10.0, 50.0}, "text", true},        {{10.0, 50.0}, "", false},
+        {{notANumber, 50.0}, "text", false}, {{10.0, HUGE_VAL}, "text", false},
+        {{-1.0, 50.0}, "text", false},       {{90.0, 50.0}, "text", false},
+        {{10.0, 2.0}, "text", false},        {{10.0, 101.0}, "text", false},
+    };
+    for (const auto& c : cases) {
+        Bench bench(wide);
+        bench.canvas.drawText(c.baseline, c.text, font, ink);
+        EXPECT_EQ(bench.count("drawText"), c.drawn ? 1u : 0u)
+            << c.baseline.x << " " << c.baseline.y << " " << c.text;
+    }
+}
+
+TEST(Canvas, ARulerMeasuresInPlaceOfThePainter) {
+    Bench bench;
+    bench.canvas.setRuler([](const std::string&, const Font&) { return TextExtent{7.0, 8.0}; });
+    EXPECT_EQ(bench.canvas.measureText("any", Font()).width, 7.0);
+    EXPECT_EQ(bench.measurements(), 0u);
+}
+
+TEST(Canvas, ShapesWithoutFiniteCornersAreNotDrawn) {
+    Bench bench;
+    for (const double bad : {notANumber, HUGE_VAL}) {
+        for (const Rect& rect : {Rect{bad, 11.0, 1.0, 1.0}, Rect{11.0, bad, 1.0, 1.0},
+                                 Rect{11.0, 11.0, bad, 1.0}, Rect{11.0, 11.0, 1.0, bad}}) {
+            bench.canvas.fillRect(rect, ink);
+            bench.canvas.drawRect(rect, Pen(ink));
+        }
+        bench.canvas.fillEllipse({bad, 12.0}, 1.0, 1.0, ink);
+        bench.canvas.drawEllipse({12.0, 12.0}, 1.0, bad, Pen(ink));
+        bench.canvas.fillPolygon({{11.0, 11.0}, {12.0, bad}, {13.0, 11.0}}, ink);
+    }
+    EXPECT_EQ(bench.count("fillRect") + bench.count("drawRect") + bench.count("fillEllipse") +
+                  bench.count("drawEllipse") + bench.count("fillPolygon") +
+                  bench.count("drawPolyline"),
+              0u)
+        << bench.text();
+}
