@@ -2,10 +2,13 @@
 #include "support/RecordingPainter.h"
 
 #include <zembra/chart/Plot.h>
+#include <zembra/series/BarSeries.h>
+#include <zembra/series/HeatMapSeries.h>
 #include <zembra/series/LineSeries.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 using namespace zembra;
@@ -241,4 +244,154 @@ TEST(Axis, NamesEveryCategoryThatHasRoom) {
     plot.renderInto(painter, 480, 240);
     for (const std::string& name : names)
         EXPECT_NE(painter.text().find('"' + name + '"'), std::string::npos) << name;
+}
+
+TEST(Axis, ADerivedOneRefusesWhatItsPrimaryCannotShow) {
+    Plot plot;
+    plot.axis(0).setRange(0.0, 10.0);
+    ASSERT_TRUE(plot.axis(1).setDerived(fahrenheit, celsius));
+    EXPECT_FALSE(plot.axis(1).setRange(50.0, 50.0));
+    EXPECT_FALSE(plot.axis(1).setRange(notANumber, 50.0));
+    EXPECT_FALSE(plot.axis(1).setRange(50.0, infinity));
+    EXPECT_EQ(plot.axis(0).range(), (Range{0.0, 10.0}));
+}
+
+TEST(Axis, TicksFollowAStepThatMakesSense) {
+    for (const bool derived : {false, true}) {
+        for (const double step : {90.0, 0.0, -90.0, notANumber, infinity}) {
+            Plot plot;
+            const int id = derived ? 1 : 0;
+            if (derived)
+                plot.axis(1).setDerived(fahrenheit, celsius);
+            plot.setAxisEnabled(1, derived);
+            plot.setAxisEnabled(0, !derived);
+            ASSERT_TRUE(plot.axis(id).setRange(32.0, 212.0, step));
+            RecordingPainter painter;
+            plot.renderInto(painter, 640, 480);
+            const bool follows = painter.text().find("\"90\"") != std::string::npos;
+            EXPECT_EQ(follows, step == 90.0) << step << (derived ? " derived" : "");
+        }
+    }
+}
+
+TEST(Axis, ADerivedOneKeepsADirectionItHas) {
+    Plot plot;
+    plot.axis(0).setRange(0.0, 10.0);
+    plot.axis(1).setDerived(fahrenheit, celsius);
+    plot.axis(1).setInverted(false);
+    EXPECT_EQ(plot.axis(0).range(), (Range{0.0, 10.0}));
+    plot.axis(1).setInverted(true);
+    EXPECT_EQ(plot.axis(0).range(), (Range{10.0, 0.0}));
+}
+
+TEST(Axis, OneFunctionAloneDerivesNothing) {
+    Plot plot;
+    EXPECT_TRUE(plot.axis(1).setDerived(fahrenheit, {}));
+    EXPECT_FALSE(plot.axis(1).isDerived());
+    EXPECT_TRUE(plot.axis(1).setDerived({}, celsius));
+    EXPECT_FALSE(plot.axis(1).isDerived());
+}
+
+TEST(Axis, LinksNeitherToADerivedOneNorToItself) {
+    Plot plot;
+    Plot other;
+    plot.axis(1).setDerived(fahrenheit, celsius);
+    other.axis(0).setRange(3.0, 4.0);
+    other.axis(0).linkTo(plot.axis(1));
+    EXPECT_FALSE(other.axis(0).isLinkedTo(plot.axis(1)));
+    other.axis(0).linkTo(other.axis(0));
+    EXPECT_EQ(other.axis(0).range(), (Range{3.0, 4.0}));
+    // Once more changes nothing.
+    for (int i = 0; i < 2; ++i) {
+        plot.axis(2).linkTo(other.axis(0));
+        EXPECT_TRUE(plot.axis(2).isLinkedTo(other.axis(0)));
+        EXPECT_EQ(plot.axis(2).range(), (Range{3.0, 4.0}));
+        plot.axis(2).setScale(Scale::log());
+    }
+    EXPECT_FALSE(plot.axis(2).scale().isLinear());
+}
+
+TEST(Axis, ALinkedOneStaysWithinItsOwnScale) {
+    for (const auto& [first, second] : {Range{-5.0, 5.0}, {5.0, -5.0}}) {
+        Plot plot;
+        Plot other;
+        other.axis(0).linkTo(plot.axis(0));
+        other.axis(0).setScale(Scale::log());
+        ASSERT_TRUE(plot.axis(0).setRange(first, second));
+        EXPECT_GT(other.axis(0).range().first, 0.0);
+        EXPECT_GT(other.axis(0).range().second, 0.0);
+    }
+}
+
+TEST(Axis, AScaleThatCannotPlaceEitherEndMakesTheRangeAutomatic) {
+    for (const auto& [first, second] : {Range{-5.0, 5.0}, {5.0, -5.0}, {-5.0, -1.0}, {1.0, 5.0}}) {
+        Plot plot;
+        plot.axis(0).setRange(first, second);
+        plot.axis(0).setScale(Scale::log());
+        EXPECT_EQ(plot.axis(0).isAutoScale(), first < 0.0 || second < 0.0);
+    }
+}
+
+TEST(Axis, AutomaticRangesEndAtTheFootOfBars) {
+    const struct {
+        std::vector<double> values;
+        bool fromZero;
+        bool toZero;
+    } cases[] = {
+        {{1.0, 5.0}, true, false}, {{-1.0, -5.0}, false, true}, {{-1.0, 5.0}, false, false}};
+    for (const auto& c : cases) {
+        Plot plot;
+        plot.add<BarSeries>(std::vector{0.0, 1.0}, c.values);
+        EXPECT_EQ(plot.axis(0).range().first == 0.0, c.fromZero);
+        EXPECT_EQ(plot.axis(0).range().second == 0.0, c.toZero);
+        // A line that goes further takes some room behind the foot.
+        plot.add<LineSeries>(std::vector{0.0, 1.0}, std::vector{-9.0, 9.0});
+        EXPECT_LT(plot.axis(0).range().first, -9.0);
+        EXPECT_GT(plot.axis(0).range().second, 9.0);
+    }
+}
+
+TEST(Axis, AutomaticRangesEndWithCellsUnlessSomethingReachesFurther) {
+    const struct {
+        double from, to;
+        bool flushFirst, flushLast;
+    } cases[] = {{1.0, 9.0, true, true},
+                 {0.0, 10.0, true, true},
+                 {-1.0, 10.0, false, true},
+                 {0.0, 11.0, true, false},
+                 {-1.0, 11.0, false, false}};
+    for (const auto& c : cases) {
+        for (const bool cellsFirst : {false, true}) {
+            Plot plot;
+            const auto addCells = [&] {
+                plot.add<HeatMapSeries>(Grid({0.0, 1.0, 2.0, 3.0}, 2, {0.0, 10.0}, {0.0, 10.0}));
+            };
+            if (cellsFirst)
+                addCells();
+            plot.add<LineSeries>(std::vector{c.from, c.to}, std::vector{5.0, 6.0});
+            if (!cellsFirst)
+                addCells();
+            const Range range = plot.axis(2).range();
+            EXPECT_EQ(range.first == std::min(c.from, 0.0), c.flushFirst) << c.from << cellsFirst;
+            EXPECT_EQ(range.second == std::max(c.to, 10.0), c.flushLast) << c.to << cellsFirst;
+        }
+    }
+}
+
+TEST(Axis, TellsWhatItWasGiven) {
+    Plot plot;
+    Axis& axis = plot.axis(0);
+    axis.setTitle("Height");
+    EXPECT_EQ(axis.title(), "Height");
+    EXPECT_TRUE(axis.isEnabled());
+    axis.setNumberFormat(NumberFormat::percent());
+    EXPECT_EQ(axis.numberFormat().suffix(), "%");
+    const auto gridLines = [&] {
+        RecordingPainter painter;
+        plot.renderInto(painter, 640, 480);
+        return painter.count("drawLine");
+    };
+    const std::size_t with = gridLines();
+    axis.setGridVisible(!axis.isGridVisible());
+    EXPECT_NE(gridLines(), with);
 }

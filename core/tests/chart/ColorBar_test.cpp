@@ -125,3 +125,26 @@ TEST(ColorBar, SeriesWithoutAColorOfTheCycleTakeNoneUp) {
     EXPECT_TRUE(firstLine(false).first) << firstLine(false).second;
     EXPECT_TRUE(firstLine(true).first);
 }
+
+TEST(ColorBar, TranslucentColoursLieSideBySide) {
+    Plot plot;
+    addMap(plot, ColorScale(ColorMap({Color(0, 0, 255, 100), Color(255, 0, 0, 100)})));
+    TextBoxPainter painter;
+    plot.renderInto(painter, 640, 480);
+    double end = 0.0;
+    int rows = 0;
+    for (const std::string& line : painter.linesOf("fillRect")) {
+        double x = 0.0;
+        double y = 0.0;
+        double w = 0.0;
+        double h = 0.0;
+        if (line.substr(line.size() - 2) != "64" ||
+            std::sscanf(line.c_str(), "fillRect %lf,%lf %lfx%lf", &x, &y, &w, &h) != 4 ||
+            x < plot.canvasRect().right())
+            continue;
+        const double begin = rows++ > 0 ? end : y;
+        EXPECT_NEAR(y, begin, 0.011);
+        end = y + h;
+    }
+    EXPECT_GT(rows, 50);
+}

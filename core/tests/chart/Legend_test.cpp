@@ -147,3 +147,59 @@ TEST(Legend, ChoosingItsPlaceLeavesNoTrace) {
     plot.renderInto(second, 640, 480);
     EXPECT_EQ(first.text(), second.text());
 }
+
+TEST(Legend, LongNamesAreCutBetweenCharacters) {
+    for (const std::string& piece : {std::string("ä"), std::string("ä "), std::string("€ö  ")}) {
+        for (const LegendPosition position :
+             {LegendPosition::OutsideRight, LegendPosition::OutsideTop}) {
+            for (int width = 150; width < 500; width += 31) {
+                Plot plot;
+                std::string name;
+                for (int i = 0; i < 100; ++i)
+                    name += piece;
+                addLine(plot, name);
+                addLine(plot, name + "2");
+                plot.legend().setPosition(position);
+                TextBoxPainter painter;
+                plot.renderInto(painter, width, 300);
+                for (const auto& box : painter.boxes()) {
+                    if (box.text.find(piece) == std::string::npos)
+                        continue;
+                    EXPECT_TRUE(box.text.ends_with("…")) << box.text;
+                    EXPECT_FALSE(box.text.ends_with(" …")) << box.text;
+                    const std::string beginning = box.text.substr(0, box.text.size() - 3);
+                    ASSERT_EQ(name.substr(0, beginning.size()), beginning);
+                    // What follows is the first byte of a character.
+                    EXPECT_NE(static_cast<unsigned char>(name[beginning.size()]) & 0xC0U, 0x80U);
+                    EXPECT_LE(box.rect.right(), width);
+                }
+            }
+        }
+    }
+}
+
+TEST(Legend, StaysInsidePicturesOfAnySize) {
+    for (const LegendPosition position :
+         {LegendPosition::OutsideRight, LegendPosition::OutsideTop, LegendPosition::TopLeft}) {
+        for (int names = 0; names < 5; ++names) {
+            for (int size = 20; size < 300; size += 17) {
+                Plot plot;
+                for (int i = 0; i < names; ++i)
+                    addLine(plot, "name " + std::to_string(i));
+                plot.legend().setPosition(position);
+                plot.legend().setVisible(true);
+                TextBoxPainter painter;
+                plot.renderInto(painter, size, 320 - size);
+                for (const auto& box : painter.boxes()) {
+                    if (box.text.find("name") == std::string::npos &&
+                        box.text.find("more") == std::string::npos)
+                        continue;
+                    EXPECT_GE(box.rect.left(), 0.0) << box.text << " at " << size;
+                    EXPECT_LE(box.rect.right(), size) << box.text << " at " << size;
+                    EXPECT_GE(box.rect.top(), 0.0) << box.text << " at " << size;
+                    EXPECT_LE(box.rect.bottom(), 320.0 - size) << box.text << " at " << size;
+                }
+            }
+        }
+    }
+}

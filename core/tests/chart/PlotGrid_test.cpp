@@ -62,3 +62,17 @@ TEST(PlotGrid, EmptyGridsAndSizesDrawNothing) {
     EXPECT_EQ(painter.count(), 0u);
     EXPECT_EQ(second.count(), 0u);
 }
+
+TEST(PlotGrid, PlacesOutsideHoldNothing) {
+    PlotGrid grid(2, 3);
+    for (const auto& [row, column] : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 3}}) {
+        EXPECT_FALSE(grid.setPlot(row, column, plotWith(1.0, ""))) << row << " " << column;
+        EXPECT_EQ(grid.plot(row, column), nullptr);
+        EXPECT_TRUE(grid.cellRect(row, column, 600, 400).isEmpty());
+    }
+    EXPECT_TRUE(grid.cellRect(0, 0, 600, 0).isEmpty());
+    ASSERT_TRUE(grid.setPlot(1, 2, plotWith(1.0, "")));
+    RecordingPainter painter;
+    grid.renderInto(painter, 600, 0);
+    EXPECT_EQ(painter.count(), 0u);
+}

@@ -345,3 +345,140 @@ TEST(Plot, KeepsPixelRatiosThatMakeSense) {
         EXPECT_FALSE(plot.setPixelRatio(wrong));
     EXPECT_EQ(plot.pixelRatio(), 1.5);
 }
+
+TEST(Plot, EveryChoiceOfAxesFindsItsRoom) {
+    for (unsigned choice = 0; choice < 16; ++choice) {
+        Plot plot;
+        plot.add<LineSeries>(std::vector{0.0, 1.0}, std::vector{0.0, 1000.0});
+        for (int axis = 0; axis < 4; ++axis) {
+            plot.setAxisEnabled(axis, (choice >> static_cast<unsigned>(axis) & 1U) != 0);
+            plot.setAxisScale(axis, 1e6, 1e6 + 10.0);
+        }
+        TextBoxPainter painter;
+        plot.renderInto(painter, 400, 300);
+        EXPECT_FALSE(plot.canvasRect().isEmpty());
+        EXPECT_EQ(painter.boxes().empty(), choice == 0) << choice;
+        const auto& boxes = painter.boxes();
+        for (std::size_t i = 0; i < boxes.size(); ++i) {
+            EXPECT_GE(boxes[i].rect.left(), 0.0) << boxes[i].text << " in choice " << choice;
+            EXPECT_LE(boxes[i].rect.right(), 400.0) << boxes[i].text << " in choice " << choice;
+            EXPECT_GE(boxes[i].rect.top(), 0.0) << boxes[i].text << " in choice " << choice;
+            EXPECT_LE(boxes[i].rect.bottom(), 300.0) << boxes[i].text << " in choice " << choice;
+            for (std::size_t k = 0; k < i; ++k)
+                EXPECT_FALSE(test::overlap(boxes[i].rect, boxes[k].rect))
+                    << boxes[i].text << " over " << boxes[k].text << " in choice " << choice;
+        }
+    }
+}
+
+TEST(Plot, TimesKeepApartOnVerticalAxesOfAnyHeight) {
+    for (const double span : {3600.0, 86400.0, 3e5, 3e6, 1e8}) {
+        for (int height = 40; height < 500; height += 23) {
+            Plot plot;
+            plot.axis(0).setScale(Scale::time());
+            plot.setAxisScale(0, 1.7e9, 1.7e9 + span);
+            TextBoxPainter painter;
+            plot.renderInto(painter, 300, height);
+            const auto& boxes = painter.boxes();
+            for (std::size_t i = 0; i < boxes.size(); ++i)
+                for (std::size_t k = 0; k < i; ++k)
+                    EXPECT_FALSE(test::overlap(boxes[i].rect, boxes[k].rect))
+                        << boxes[i].text << " over " << boxes[k].text << " at " << height;
+        }
+    }
+}
+
+TEST(Plot, TicksWhoseTextIsEmptyOrHasNoRoomStandWithoutOne) {
+    for (const std::size_t length : {0u, 500u}) {
+        const NumberFormat format =
+            NumberFormat::custom([length](double) { return std::string(length, 'm'); });
+        Plot plot;
+        for (const int axis : {0, 2}) {
+            plot.axis(axis).setNumberFormat(format);
+            plot.setAxisScale(axis, 0.0, 10.0);
+        }
+        plot.setAxisEnabled(0, length == 0);
+        TextBoxPainter painter;
+        plot.renderInto(painter, 400, 300);
+        EXPECT_TRUE(painter.boxes().empty()) << length;
+        EXPECT_GT(painter.count("drawLine"), 4u) << length;
+    }
+}
+
+TEST(Plot, AFixedAspectIsForLinearPrimaryAxes) {
+    RecordingPainter painter;
+    for (const int logarithmic : {0, 2}) {
+        Plot plot;
+        plot.setAspectRatio(1.0);
+        plot.axis(logarithmic).setScale(Scale::log());
+        for (const int axis : {0, 1, 2, 3})
+            plot.setAxisScale(axis, 1.0, axis + 10.0);
+        plot.renderInto(painter, 800, 300);
+        for (const int axis : {0, 1, 2, 3})
+            EXPECT_EQ(plot.scaleMap(axis).s2(), axis + 10.0) << axis;
+    }
+    Plot plot;
+    for (const double bad : {-1.0, 0.0, std::numeric_limits<double>::infinity()}) {
+        plot.setAspectRatio(2.0);
+        plot.setAspectRatio(bad);
+        EXPECT_EQ(plot.aspectRatio(), 0.0);
+    }
+}
+
+TEST(Plot, AFixedAspectGivesWayWhereDoubleEnds) {
+    RecordingPainter painter;
+    for (const double top : {0.8e308, 1.7e308}) {
+        Plot plot;
+        plot.setAspectRatio(100.0);
+        plot.setAxisScale(0, -top, top);
+        plot.setAxisScale(2, 0.0, 1000.0);
+        plot.renderInto(painter, 200, 1000);
+        EXPECT_EQ(plot.scaleMap(2).s1(), 0.0);
+        EXPECT_EQ(plot.scaleMap(2).s2(), 1000.0);
+    }
+    EXPECT_FALSE(painter.sawWildNumber());
+}
+
+TEST(Plot, HoldsEverySeriesOnceAndNoneThatIsNone) {
+    Plot plot;
+    auto line = std::make_shared<LineSeries>(std::vector{0.0, 1.0}, std::vector{0.0, 1.0});
+    plot.addSeries(line);
+    plot.addSeries(line);
+    plot.addSeries(nullptr);
+    RecordingPainter painter;
+    plot.renderInto(painter, 400, 300);
+    EXPECT_EQ(painter.count("drawPolyline"), 1u);
+    EXPECT_TRUE(plot.removeSeries(line));
+    EXPECT_FALSE(plot.removeSeries(line));
+}
+
+TEST(Plot, ItsThemeMayColourTheCanvasAndLetTheGroundThrough) {
+    Theme theme;
+    theme.background = Color(10, 20, 30, 40);
+    theme.canvas = Color(1, 2, 3);
+    theme.cycle.clear();
+    theme.text = Color(7, 8, 9);
+    Plot plot;
+    plot.setTheme(theme);
+    plot.setTitle("Title");
+    plot.setSubtitle("Subtitle");
+    plot.add<LineSeries>(std::vector{0.0, 1.0}, std::vector{0.0, 1.0});
+    const Plot& same = plot;
+    EXPECT_EQ(same.theme().canvas, theme.canvas);
+    EXPECT_EQ(same.title(), "Title");
+    EXPECT_EQ(same.subtitle(), "Subtitle");
+    EXPECT_EQ(&same.axis(2), &plot.axis(2));
+    EXPECT_EQ(&same.axis(9), &plot.axis(9));
+    RecordingPainter painter;
+    plot.renderInto(painter, 400, 300);
+    const auto fills = painter.linesOf("fillRect");
+    const auto countOf = [&](const std::string& color) {
+        return std::count_if(fills.begin(), fills.end(),
+                             [&](const std::string& line) { return line.ends_with(color); });
+    };
+    // Laid on twice, it would be less translucent.
+    EXPECT_EQ(countOf("#0a141e28"), 1);
+    EXPECT_EQ(countOf("#010203"), 1);
+    // Without colours of its own, a series takes the texts'.
+    EXPECT_NE(painter.text().find("setPen #070809"), std::string::npos);
+}

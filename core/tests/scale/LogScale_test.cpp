@@ -99,3 +99,15 @@ TEST(LogScale, LabelsHoldStillWhilePanning) {
         }
     }
 }
+
+TEST(LogScale, BasesThatAreNoPowerOfTenAreNotRepeatedWhereTheyAreLong) {
+    EXPECT_EQ(labelLine(Scale::log(123456.0).ticks(1, 1e16, most(8))),
+              "1 1.235×10⁵ 1.524×10¹⁰ 1.882×10¹⁵");
+}
+
+TEST(LogScale, BasesWithMorePowersThanCanBeCountedHaveTicksToo) {
+    const Scale scale = Scale::log(std::nextafter(1.0, 2.0));
+    for (int maxMajor : {1, 2, 8})
+        EXPECT_EQ(tickFault(scale, 1.0, 1e6, most(maxMajor)), "") << maxMajor;
+    EXPECT_GE(scale.ticks(1.0, 1e6, most(8)).major.size(), 2u);
+}

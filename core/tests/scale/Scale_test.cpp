@@ -195,3 +195,26 @@ TEST(Scale, LinearScalesAreEqualAndOthersAreTheirCopies) {
     EXPECT_EQ(log, copy);
     EXPECT_FALSE(log == Scale());
 }
+
+TEST(Scale, MinorTicksAreMadeOnRequestOnly) {
+    const struct {
+        Scale scale;
+        double min, max;
+    } cases[] = {
+        {Scale::linear(), 0.0, 10.0},   {Scale::log(), 1.0, 20.0},   {Scale::log(), 1.0, 1e4},
+        {Scale::log(), 1.0, 1e20},      {Scale::log(2.0), 1.0, 1e9}, {Scale::symLog(), -1e3, 1e3},
+        {Scale::time(), 0.0, 864000.0}, {Scale::time(), 0.0, 0.5},
+    };
+    for (const auto& c : cases) {
+        TickRequest request;
+        request.maxMajor = 12;
+        const TickSet with = c.scale.ticks(c.min, c.max, request);
+        request.minor = false;
+        const TickSet without = c.scale.ticks(c.min, c.max, request);
+        EXPECT_FALSE(with.minor.empty()) << c.max;
+        EXPECT_TRUE(without.minor.empty()) << c.max;
+        ASSERT_EQ(with.major.size(), without.major.size()) << c.max;
+        for (std::size_t i = 0; i < with.major.size(); ++i)
+            EXPECT_EQ(with.major[i].value, without.major[i].value);
+    }
+}

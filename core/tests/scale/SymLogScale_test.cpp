@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <zembra/scale/NumberFormat.h>
 #include <zembra/scale/Scale.h>
 
 #include "support/TickChecks.h"
@@ -54,4 +55,23 @@ TEST(SymLogScale, TicksOfRandomRangesKeepEveryPromise) {
         ASSERT_EQ(tickFault(scales[i % 3], range.first, range.second, most(1 + i % 15)), "")
             << "scale " << i % 3;
     }
+}
+
+TEST(SymLogScale, BasesWithMorePowersThanCanBeCountedHaveTicksToo) {
+    const Scale scale = Scale::symLog(1.0, std::nextafter(1.0, 2.0));
+    for (int maxMajor : {1, 2, 8})
+        EXPECT_EQ(tickFault(scale, -1e6, 1e6, most(maxMajor)), "") << maxMajor;
+    EXPECT_GE(scale.ticks(-1e6, 1e6, most(8)).major.size(), 2u);
+}
+
+TEST(SymLogScale, WidthsThatAreNoneMeanOne) {
+    for (const double width : {0.0, -1.0, std::nan(""), HUGE_VAL})
+        EXPECT_EQ(Scale::symLog(width).transform(5.0), Scale::symLog(1.0).transform(5.0)) << width;
+}
+
+TEST(SymLogScale, TicksBelowZeroFollowTheFormat) {
+    const NumberFormat format = NumberFormat::exponent();
+    TickRequest request = most(8);
+    request.format = &format;
+    EXPECT_EQ(labelLine(Scale::symLog().ticks(-1e6, -1e3, request)), "−1×10⁶ −1×10⁵ −1×10⁴ −1×10³");
 }

@@ -125,6 +125,13 @@ TEST(TimeScale, DaysOfDaylightSavingHaveEveryHourOnce) {
         // The abbreviation stays MSK while the clocks go back for good.
         {"Europe/Moscow", utc(2014, 10, 25, 20), utc(2014, 10, 26, 0),
          "[Oct 26 2014] 00:00 | 01:00 UTC+4 | 01:00 UTC+3 | 02:00 | 03:00"},
+        {"Asia/Pyongyang", utc(2015, 8, 14, 13.5), utc(2015, 8, 14, 16),
+         "[Aug 14 2015] 22:30 | 23:00 | 23:30 UTC+9 | 23:30 UTC+8:30 | [Aug 15 2015] 00:00 | "
+         "00:30"},
+        // Clocks by the sun, which went back by a minute and 22 seconds.
+        {"Africa/Monrovia", -1604359012.0 - 90.0, -1604359012.0 + 90.0,
+         "[Feb 28 1919] 23:58:30 | 23:59:00 UTC−0:43:08 | 23:59:30 UTC−0:43:08 | "
+         "23:59:00 UTC−0:44:30 | 23:59:30 UTC−0:44:30 | [Mar 1 1919] 00:00:00"},
         // Midnight of the first day of daylight saving does not exist.
         {"America/Sao_Paulo", utc(2018, 11, 2, 12), utc(2018, 11, 6, 12),
          "[2018] Nov 3 | Nov 4 | Nov 5 | Nov 6"},
