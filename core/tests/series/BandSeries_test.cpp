@@ -88,6 +88,36 @@ TEST(BandSeries, FillsItsKey) {
     EXPECT_EQ(stage.drawKey(BandSeries()), "fillRect 0,0 20x10 #0072b24d\n");
 }
 
+TEST(BandSeries, ShowsTheLinesOfItsEdgesInItsKey) {
+    Stage stage;
+    BandSeries band;
+    BandStyle style;
+    style.lineWidth = 2.0;
+    ASSERT_TRUE(band.setStyle(style));
+    EXPECT_EQ(stage.drawKey(band), "fillRect 0,0 20x10 #0072b24d\n"
+                                   "fillRect 0,0 20x2 #0072b2\n"
+                                   "fillRect 0,8 20x2 #0072b2\n");
+    // Lines wider than the key leave nothing between them.
+    style.lineWidth = 30.0;
+    ASSERT_TRUE(band.setStyle(style));
+    EXPECT_EQ(stage.drawKey(band), "fillRect 0,0 20x10 #0072b24d\n"
+                                   "fillRect 0,0 20x5 #0072b2\n"
+                                   "fillRect 0,5 20x5 #0072b2\n");
+}
+
+TEST(BandSeries, RefusesWidthsAndOpacitiesOutOfRange) {
+    BandSeries band;
+    for (const double bad : {-1.0, notANumber, HUGE_VAL}) {
+        BandStyle style;
+        style.lineWidth = bad;
+        EXPECT_FALSE(band.setStyle(style)) << bad;
+        style = {};
+        style.opacity = bad;
+        EXPECT_FALSE(band.setStyle(style)) << bad;
+    }
+    EXPECT_EQ(band.style().opacity, BandStyle().opacity);
+}
+
 TEST(BandSeries, WithstandsHostileNumbers) {
     expectHarmlessForAll([](const std::vector<double>& x, const std::vector<double>& y) {
         return std::make_shared<BandSeries>(x, y, x);

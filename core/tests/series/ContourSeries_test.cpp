@@ -305,6 +305,14 @@ TEST(ContourSeries, TheLegendKeyShowsLinesOrAreas) {
     EXPECT_NE(stage.drawKey(series).find("fillRect"), std::string::npos);
 }
 
+TEST(ContourSeries, KeepsItsWidthWhereAnotherMakesNoSense) {
+    ContourSeries series;
+    series.setWidth(3.0);
+    for (const double bad : {-1.0, notANumber, HUGE_VAL})
+        series.setWidth(bad);
+    EXPECT_EQ(series.width(), 3.0);
+}
+
 TEST(ContourSeries, HostileNumbersAreHarmless) {
     for (const HostileRow& spans : hostileRows()) {
         const auto& s = spans.values;

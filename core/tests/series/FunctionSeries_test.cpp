@@ -211,6 +211,14 @@ TEST(FunctionSeries, TheLegendKeyIsALineInItsPen) {
     EXPECT_NE(key.find("drawPolyline 0,5 20,5"), std::string::npos) << key;
 }
 
+TEST(FunctionSeries, HasNoBoundsWithoutAFunctionOrADomain) {
+    FunctionSeries none;
+    ASSERT_TRUE(none.setDomain(1.0, 2.0));
+    EXPECT_TRUE(none.bounds(Scale(), Scale()).x.isEmpty());
+    const FunctionSeries endless([](double v) { return v; });
+    EXPECT_TRUE(endless.bounds(Scale(), Scale()).x.isEmpty());
+}
+
 TEST(FunctionSeries, HostileNumbersAreHarmless) {
     for (const HostileRow& row : hostileRows()) {
         if (row.values.empty())

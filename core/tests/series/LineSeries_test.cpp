@@ -733,6 +733,28 @@ TEST(LineSeries, LooksAtFewSamplesForTheNearestOfTenMillion) {
     EXPECT_LT(taken.count(), 1.0);
 }
 
+TEST(LineSeries, RefusesNumbersThatMakeNoSense) {
+    LineSeries series({0.0, 1.0}, {0.0, 1.0});
+    series.setWidth(2.0);
+    series.setMarkerSize(7.0);
+    ASSERT_TRUE(series.setFill(LineFill{}));
+    for (const double bad : {-1.0, missing, HUGE_VAL}) {
+        series.setWidth(bad);
+        series.setMarkerSize(bad);
+        LineFill fill;
+        fill.opacity = bad;
+        EXPECT_FALSE(series.setFill(fill)) << bad;
+    }
+    series.setMarkerSize(0.0);
+    for (const double bad : {missing, HUGE_VAL}) {
+        LineFill fill;
+        fill.baseline = bad;
+        EXPECT_FALSE(series.setFill(fill)) << bad;
+    }
+    EXPECT_EQ(series.width(), 2.0);
+    EXPECT_EQ(series.markerSize(), 7.0);
+}
+
 TEST(LineSeries, WithstandsHostileNumbersWithMarkersAndFill) {
     for (const LineSteps steps : {LineSteps::None, LineSteps::Mid}) {
         expectHarmlessForAll([&](const std::vector<double>& x, const std::vector<double>& y) {
