@@ -26,6 +26,8 @@ constexpr std::size_t mostProbes = 4;
 struct Probes {
     std::array<std::size_t, mostProbes> cells = {};
     std::size_t count = 0;
+
+    bool operator==(const Probes&) const = default;
 };
 
 // The whole pixels between two positions. Canvases are never wider than painters can bear.
@@ -41,18 +43,30 @@ PixelSpan wholePixels(double low, double high) {
     return {first, std::max(last - first, 0)};
 }
 
+// Whether cells are smaller than pixels, and all of one size.
+bool areFine(const GridSpan& span, std::size_t cells, const ScaleMap& map) {
+    const double length = map.transform(span.last) - map.transform(span.first);
+    return map.scale().isLinear() && std::abs(length) < static_cast<double>(cells);
+}
+
 std::vector<Probes> probes(const PixelSpan& pixels, const ScaleMap& map, const GridSpan& span,
                            std::size_t cells, HeatMapSampling sampling) {
     std::vector<Probes> result(static_cast<std::size_t>(pixels.count));
+    // Where many edges of cells and pixels meet, errors of rounding must not decide: a cell begins
+    // at its first edge.
+    const double hair = areFine(span, cells, map) ? 1e-3 : 0.0;
+    const bool forward = map.transform(span.last) > map.transform(span.first);
     for (int i = 0; i < pixels.count; ++i) {
         Probes& probes = result[static_cast<std::size_t>(i)];
         const double pixel = pixels.first + i;
-        const auto middle = cellAt(span, cells, map.invTransform(pixel + 0.5));
+        const auto at = [&](double place) {
+            return cellAt(span, cells, map.invTransform(pixel + place));
+        };
+        const auto middle = at(forward ? 0.5 + hair : 0.5 - hair);
         if (!middle)
             continue;
-        const std::size_t one = cellAt(span, cells, map.invTransform(pixel)).value_or(*middle);
-        const std::size_t other =
-            cellAt(span, cells, map.invTransform(pixel + 1.0)).value_or(*middle);
+        const std::size_t one = at(hair).value_or(*middle);
+        const std::size_t other = at(1.0 - hair).value_or(*middle);
         const std::size_t low = std::min(one, other);
         const std::size_t covered = std::max(one, other) - low + 1;
         // Two cells that share a pixel are told apart by its centre, so that edges stay sharp.
@@ -82,11 +96,12 @@ double mean(const Grid& grid, const Probes& columns, const Probes& rows) {
     return count > 0 ? mean : std::numeric_limits<double>::quiet_NaN();
 }
 
-// The sums of the cells below a row of pixels, by columns of cells.
+// The sums of the cells below a row of pixels, by columns of pixels.
 class RowSums {
 public:
-    RowSums(const Grid& grid, const std::vector<Probes>& columns) : grid(grid) {
-        for (const Probes& probes : columns)
+    RowSums(const Grid& grid, const std::vector<Probes>& pixels) : grid(grid) {
+        std::vector<std::size_t> looked;
+        for (const Probes& probes : pixels)
             looked.insert(looked.end(), probes.cells.begin(),
                           probes.cells.begin() + static_cast<std::ptrdiff_t>(probes.count));
         std::sort(looked.begin(), looked.end());
@@ -94,13 +109,22 @@ public:
         if (looked.empty())
             return;
         first = looked.front();
-        sums.resize(looked.back() + 1 - first);
+        const std::size_t width = looked.back() + 1 - first;
         // Cells in a row are summed up faster than half of them one by one.
-        unbroken = sums.size() <= 2 * looked.size();
+        if (width > 2 * looked.size())
+            scattered = std::move(looked);
+        sums.resize(width + 1);
+        columns.reserve(pixels.size());
+        for (const Probes& probes : pixels) {
+            Column& column = columns.emplace_back();
+            column.fill(width);
+            for (std::size_t c = 0; c < probes.count; ++c)
+                column[c] = probes.cells[c] - first;
+        }
     }
 
     void assign(const Probes& rows) {
-        if (looked.empty())
+        if (columns.empty())
             return;
         std::array<const double*, mostProbes> values{};
         for (std::size_t r = 0; r < rows.count; ++r)
@@ -121,29 +145,33 @@ public:
         }
     }
 
-    double of(const Probes& probes) const {
-        double sum = 0.0;
-        for (std::size_t c = 0; c < probes.count; ++c)
-            sum += sums[probes.cells[c] - first];
-        return sum;
+    // Requires: the pixel looks at a cell.
+    double of(std::size_t pixel) const {
+        const Column& cells = columns[pixel];
+        return sums[cells[0]] + sums[cells[1]] + (sums[cells[2]] + sums[cells[3]]);
     }
 
 private:
+    // Places in the sums; the last one, which is always nothing, where there are fewer cells, so
+    // that all pixels take the same way.
+    using Column = std::array<std::size_t, mostProbes>;
+
     template <class Sum>
     void assignEach(Sum sum) {
-        if (unbroken) {
-            for (std::size_t i = 0; i < sums.size(); ++i)
+        if (scattered.empty()) {
+            for (std::size_t i = 0; i + 1 < sums.size(); ++i)
                 sums[i] = sum(i);
         } else {
-            for (const std::size_t cell : looked)
+            for (const std::size_t cell : scattered)
                 sums[cell - first] = sum(cell - first);
         }
     }
 
     const Grid& grid;
-    std::vector<std::size_t> looked;
+    std::vector<Column> columns;
     std::size_t first = 0;
-    bool unbroken = false;
+    // The cells that are looked at, where they are few in a row.
+    std::vector<std::size_t> scattered;
     std::vector<double> sums;
 };
 
@@ -159,16 +187,26 @@ public:
         const double first = colors.share(range.min);
         slope = (colors.share(range.max) - first) / (range.max - range.min) * last;
         offset = first * last + 0.5 - range.min * slope;
-        linear = colors.scale().isLinear() && std::isfinite(slope) && std::isfinite(offset);
+        const bool linear =
+            colors.scale().isLinear() && std::isfinite(slope) && std::isfinite(offset);
+        if (!linear)
+            offset = std::numeric_limits<double>::quiet_NaN();
         for (std::size_t i = 0; linear && i < table.size(); ++i)
             table[i] = packed(colors.map().at(static_cast<double>(i) / last));
     }
 
-    std::uint32_t operator()(double value) const {
+    // The colour of a value, if there is a short way to it.
+    bool find(double value, std::uint32_t& pixel) const {
         const double place = value * slope + offset;
-        if (!linear || !std::isfinite(place))
-            return packed(colors.color(value));
-        return table[static_cast<std::size_t>(std::clamp(place, 0.0, last))];
+        if (!std::isfinite(place))
+            return false;
+        pixel = table[static_cast<std::size_t>(static_cast<int>(std::clamp(place, 0.0, last)))];
+        return true;
+    }
+
+    std::uint32_t operator()(double value) const {
+        std::uint32_t pixel = 0;
+        return find(value, pixel) ? pixel : packed(colors.color(value));
     }
 
 private:
@@ -176,8 +214,8 @@ private:
 
     const ColorScale& colors;
     double slope = 0.0;
+    // NaN where there is no straight line.
     double offset = 0.0;
-    bool linear = false;
     std::array<std::uint32_t, 256> table{};
 };
 
@@ -202,6 +240,18 @@ std::optional<int> wholeShift(const ScaleMap& before, const ScaleMap& now) {
     return static_cast<int>(shift);
 }
 
+// Fine cells are drawn up to half a pixel off, so that an edge of the grid falls between two
+// pixels. A pan then moves the pixels and keeps what each of them shows: colours do not flicker,
+// and only what comes into view is painted.
+ScaleMap snapped(const ScaleMap& map, const GridSpan& span, std::size_t cells) {
+    if (!areFine(span, cells, map))
+        return map;
+    const double first = map.transform(span.first);
+    const double shift = (std::round(first) - first) / (map.p2() - map.p1());
+    const double offset = shift * (map.s2() - map.s1());
+    return {map.scale(), map.p1(), map.p2(), map.s1() - offset, map.s2() - offset};
+}
+
 struct View {
     ScaleMap x;
     ScaleMap y;
@@ -215,7 +265,7 @@ struct PixelShift {
 } // namespace
 
 struct HeatMapSeries::Private {
-    using Pixels = std::shared_ptr<const std::vector<std::uint8_t>>;
+    using Pixels = std::shared_ptr<std::vector<std::uint8_t>>;
 
     Grid grid;
     ColorScale colors;
@@ -223,6 +273,8 @@ struct HeatMapSeries::Private {
 
     // The last picture and what it shows.
     Pixels picture;
+    // The one before, for its memory.
+    Pixels spare;
     std::uint64_t revision = 0;
     Rect area;
     ScaleMap x;
@@ -238,7 +290,9 @@ struct HeatMapSeries::Private {
     void paint(const PixelSpan& across, const PixelSpan& down,
                std::vector<std::uint8_t>& pixels) const;
     std::size_t offsetOf(int column, int row) const;
-    void paintAll(const Canvas& canvas);
+    Pixels blankPixels();
+    void replacePicture(Pixels pixels);
+    void paintAll(const Rect& canvas);
     void moveTo(const PixelShift& place);
 };
 
@@ -258,17 +312,25 @@ void HeatMapSeries::Private::paint(const PixelSpan& across, const PixelSpan& dow
         const Probes& row = rowProbes[static_cast<std::size_t>(k)];
         if (row.count == 0)
             continue;
-        sums.assign(row);
         std::uint8_t* target = pixels.data() + offsetOf(across.first, down.first + k);
+        if (k > 0 && row == rowProbes[static_cast<std::size_t>(k - 1)]) {
+            std::memcpy(target, target - static_cast<std::size_t>(columns.count) * 4,
+                        columnProbes.size() * 4);
+            continue;
+        }
+        sums.assign(row);
+        std::array<double, mostProbes + 1> weights{};
+        for (std::size_t count = 1; count < weights.size(); ++count)
+            weights[count] = 1.0 / static_cast<double>(row.count * count);
         for (std::size_t i = 0; i < columnProbes.size(); ++i) {
             const Probes& column = columnProbes[i];
             if (column.count == 0)
                 continue;
-            double value = sums.of(column) / static_cast<double>(row.count * column.count);
+            const double value = sums.of(i) * weights[column.count];
+            std::uint32_t pixel = 0;
             // Missing values and overflows show in the sum.
-            if (!std::isfinite(value))
-                value = mean(grid, column, row);
-            const std::uint32_t pixel = colorOf(value);
+            if (!colorOf.find(value, pixel))
+                pixel = colorOf(std::isfinite(value) ? value : mean(grid, column, row));
             std::memcpy(target + 4 * i, &pixel, 4);
         }
     }
@@ -280,25 +342,39 @@ std::size_t HeatMapSeries::Private::offsetOf(int column, int row) const {
            4;
 }
 
-void HeatMapSeries::Private::paintAll(const Canvas& canvas) {
-    area = canvas.rect();
-    base = {canvas.x(), canvas.y()};
+HeatMapSeries::Private::Pixels HeatMapSeries::Private::blankPixels() {
+    const std::size_t bytes =
+        static_cast<std::size_t>(columns.count) * static_cast<std::size_t>(rows.count) * 4;
+    if (!spare || spare.use_count() > 1 || spare->capacity() < bytes)
+        return std::make_shared<std::vector<std::uint8_t>>(bytes);
+    spare->assign(bytes, 0);
+    return std::move(spare);
+}
+
+// The old picture is kept, so that the two differ in address.
+void HeatMapSeries::Private::replacePicture(Pixels pixels) {
+    spare = std::exchange(picture, std::move(pixels));
+}
+
+void HeatMapSeries::Private::paintAll(const Rect& canvas) {
+    area = canvas;
+    base = {x, y};
     moved = {};
     columns = wholePixels(area.left(), area.right());
     rows = wholePixels(area.top(), area.bottom());
-    auto pixels = std::make_shared<std::vector<std::uint8_t>>(
-        static_cast<std::size_t>(columns.count) * static_cast<std::size_t>(rows.count) * 4);
+    Pixels pixels = blankPixels();
     paint(columns, rows, *pixels);
-    // The old picture lives until the new one is there, so that the two differ in address.
-    picture = std::move(pixels);
+    replacePicture(std::move(pixels));
 }
 
 // Moves what the picture shows already, and paints what comes into view.
 void HeatMapSeries::Private::moveTo(const PixelShift& place) {
     const int dx = place.x - moved.x;
     const int dy = place.y - moved.y;
+    if (dx == 0 && dy == 0)
+        return;
     moved = place;
-    auto pixels = std::make_shared<std::vector<std::uint8_t>>(picture->size());
+    Pixels pixels = blankPixels();
     const int keptColumns = columns.count - std::abs(dx);
     const int keptRows = rows.count - std::abs(dy);
     const int left = columns.first + std::max(dx, 0);
@@ -311,7 +387,7 @@ void HeatMapSeries::Private::moveTo(const PixelShift& place) {
     const PixelSpan newColumns{dx > 0 ? columns.first : left + keptColumns, std::abs(dx)};
     paint(columns, newRows, *pixels);
     paint(newColumns, {top, keptRows}, *pixels);
-    picture = std::move(pixels);
+    replacePicture(std::move(pixels));
 }
 
 HeatMapSeries::HeatMapSeries() : d(std::make_unique<Private>()) {}
@@ -371,17 +447,19 @@ void HeatMapSeries::draw(Canvas& canvas) const {
     if (d->grid.isEmpty())
         return;
     const bool current = d->picture && d->revision == revision() && d->area == canvas.rect();
-    if (!current || !sameView(d->x, canvas.x()) || !sameView(d->y, canvas.y())) {
+    const View view{snapped(canvas.x(), d->grid.x(), d->grid.columns()),
+                    snapped(canvas.y(), d->grid.y(), d->grid.rows())};
+    if (!current || !sameView(d->x, view.x) || !sameView(d->y, view.y)) {
         d->revision = revision();
-        d->x = canvas.x();
-        d->y = canvas.y();
+        d->x = view.x;
+        d->y = view.y;
         const auto right = wholeShift(d->base.x, d->x);
         const auto down = wholeShift(d->base.y, d->y);
         if (current && right && down && std::abs(*right - d->moved.x) < d->columns.count &&
             std::abs(*down - d->moved.y) < d->rows.count)
             d->moveTo({*right, *down});
         else
-            d->paintAll(canvas);
+            d->paintAll(canvas.rect());
     }
     canvas.drawImage(d->picture, d->columns.count, d->rows.count,
                      {static_cast<double>(d->columns.first), static_cast<double>(d->rows.first)});

@@ -292,7 +292,8 @@ TEST(HeatMapSeries, ShowsTheSameAfterPansByWholePixelsAsDrawnAnew) {
     view.x = ScaleMap(Scale::linear(), 0.0, 100.0, x, x + 10.0);
     view.y = ScaleMap(Scale::linear(), 100.0, 0.0, y, y + 10.0);
     view.draw(panned);
-    const unsigned char* before = view.painter.address;
+    const unsigned char* address = view.painter.address;
+    auto before = view.painter.bytes;
     const struct {
         double right;
         double down;
@@ -304,8 +305,9 @@ TEST(HeatMapSeries, ShowsTheSameAfterPansByWholePixelsAsDrawnAnew) {
         view.y = ScaleMap(Scale::linear(), 100.0, 0.0, y, y + 10.0);
         view.draw(panned);
         const auto bytes = view.painter.bytes;
-        EXPECT_NE(view.painter.address, before);
-        before = view.painter.address;
+        EXPECT_EQ(view.painter.address == address, bytes == before);
+        address = view.painter.address;
+        before = bytes;
         const HeatMapSeries fresh(grid);
         view.draw(fresh);
         int different = 0;
@@ -313,4 +315,62 @@ TEST(HeatMapSeries, ShowsTheSameAfterPansByWholePixelsAsDrawnAnew) {
             different += std::memcmp(bytes.data() + i, view.painter.bytes.data() + i, 4) != 0;
         EXPECT_EQ(different, 0) << step.right << ' ' << step.down;
     }
+}
+
+TEST(HeatMapSeries, PansByPartsOfPixelsMovePixelsAndKeepTheirColors) {
+    // More than three cells to a pixel, and no whole number of them.
+    std::vector<double> values(std::size_t{337} * 337);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = std::fmod(static_cast<double>(i) * 7.3, 11.0);
+    HeatMapSeries series(Grid::borrowed(values, 337, {0.0, 10.0}, {0.0, 10.0}));
+    View view;
+    view.draw(series);
+    const auto old = view.painter;
+    // Whatever is looked at again shows.
+    std::fill(values.begin(), values.end(), notANumber);
+    for (int step = 1; step < 70; ++step) {
+        const double pixels = 0.3 * step;
+        view.x = ScaleMap(Scale::linear(), 0.0, 100.0, -0.1 * pixels, 10.0 - 0.1 * pixels);
+        view.y = ScaleMap(Scale::linear(), 100.0, 0.0, 0.1 * pixels, 10.0 + 0.1 * pixels);
+        view.draw(series);
+        const int moved = static_cast<int>(std::lround(pixels));
+        if (std::abs(pixels - moved) > 0.49)
+            continue;
+        int different = 0;
+        for (int y = 0; y < 100; ++y)
+            for (int x = 0; x < 100; ++x) {
+                const bool seen = x >= moved && y >= moved;
+                const Color expected = seen ? old.at(x - moved, y - moved) : Color(0, 0, 0, 0);
+                different += view.painter.at(x, y) != expected;
+            }
+        ASSERT_EQ(different, 0) << pixels;
+    }
+}
+
+TEST(HeatMapSeries, CellsLargerThanPixelsBeginAndEndAtTheNearestPixel) {
+    const HeatMapSeries series(four());
+    View view;
+    for (const double pixels : {0.2, 0.4, 0.6, 0.8, 1.2}) {
+        view.x = ScaleMap(Scale::linear(), 0.0, 100.0, -0.1 * pixels, 10.0 - 0.1 * pixels);
+        view.draw(series);
+        const int edge = 50 + static_cast<int>(std::lround(pixels));
+        EXPECT_EQ(view.painter.at(edge - 1, 90), viridis(0.0)) << pixels;
+        EXPECT_EQ(view.painter.at(edge, 90), viridis(1.0 / 3.0)) << pixels;
+    }
+}
+
+TEST(HeatMapSeries, SeveralRowsOfPixelsOverTheSameCellsAreEqual) {
+    std::vector<double> values(std::size_t{300} * 7);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = std::fmod(static_cast<double>(i) * 7.3, 11.0);
+    values[450] = notANumber;
+    const HeatMapSeries series(Grid(values, 300, {-1.0, 11.0}, {1.0, 8.0}));
+    View view;
+    view.draw(series);
+    for (int y = 20; y < 90; ++y)
+        for (int x = 0; x < 100; ++x)
+            ASSERT_EQ(view.painter.at(x, y), view.painter.at(x, y / 10 * 10)) << x << ' ' << y;
+    EXPECT_NE(view.painter.at(0, 20), view.painter.at(0, 30));
+    EXPECT_EQ(view.painter.at(0, 19), Color(0, 0, 0, 0));
+    EXPECT_EQ(view.painter.at(0, 90), Color(0, 0, 0, 0));
 }

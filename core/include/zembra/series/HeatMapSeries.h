@@ -19,7 +19,10 @@ enum class HeatMapSampling {
 ///
 /// Drawn as one picture in canvas pixels, made again only when data, colours or view have changed.
 /// A pixel takes the value at its centre, or what the sampling says where it covers more than two
-/// cells in a direction. Complexity: O(canvas pixels) for a new view, however many cells there are.
+/// cells in a direction. Cells smaller than pixels are drawn up to half a pixel off, so that they
+/// keep their colours while they are panned.
+/// Complexity: O(canvas pixels) for a new view, however many cells there are; what comes into view
+/// for a pan.
 /// Missing values have the colour that the colour scale says. On a logarithmic axis the part
 /// of the grid beyond its domain is left out.
 class ZEMBRA_EXPORT HeatMapSeries : public Series {
