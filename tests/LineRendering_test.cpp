@@ -55,6 +55,20 @@ Data samplesOf(const QString& kind, std::size_t count) {
     return data;
 }
 
+// Samples whose x goes to and fro.
+Data unsortedSamplesOf(const QString& kind, std::size_t count) {
+    std::mt19937 generator(7);
+    std::uniform_real_distribution<double> share(0.0, 1.0);
+    Data data;
+    for (std::size_t i = 0; i < count; ++i) {
+        const double t = 60.0 * static_cast<double>(i) / static_cast<double>(count);
+        const bool scribble = kind == QStringLiteral("scribble");
+        data.x.push_back(scribble ? share(generator) : 0.5 + 0.5 * std::sin(3.0 * t));
+        data.y.push_back(scribble ? 1.9 * share(generator) - 0.95 : 0.95 * std::sin(3.1 * t));
+    }
+    return data;
+}
+
 ScaleMap mapX(double first, double last) {
     return ScaleMap(Scale::linear(), 0.0, imageWidth, first, last);
 }
@@ -195,6 +209,8 @@ private Q_SLOTS:
     void init();
     void aDenseLineLooksLikeTheStrokeOfAllSamples_data();
     void aDenseLineLooksLikeTheStrokeOfAllSamples();
+    void aDensePathThatGoesToAndFroLooksLikeTheStrokeOfAllSamples_data();
+    void aDensePathThatGoesToAndFroLooksLikeTheStrokeOfAllSamples();
     void aSimpleLineIsThePaintersOwnStroke_data();
     void aSimpleLineIsThePaintersOwnStroke();
     void aSmoothLineOfManySamplesIsNoWorseThanThePaintersStrokeOfFew();
@@ -228,6 +244,34 @@ void LineRendering::aDenseLineLooksLikeTheStrokeOfAllSamples() {
         return exact.shade(column, row);
     });
     QVERIFY2(error < (width > 1.0 ? 0.02 : 0.01), qPrintable(QString::number(100.0 * error)));
+}
+
+void LineRendering::aDensePathThatGoesToAndFroLooksLikeTheStrokeOfAllSamples_data() {
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<double>("width");
+    for (const char* kind : {"scribble", "Lissajous curve"})
+        for (int count : {300, 3000, 30000})
+            for (double width : {1.0, 2.0, 6.0})
+                QTest::addRow("%s, %d samples, %g px", kind, count, width)
+                    << QString::fromLatin1(kind) << count << width;
+}
+
+void LineRendering::aDensePathThatGoesToAndFroLooksLikeTheStrokeOfAllSamples() {
+    QFETCH(QString, kind);
+    QFETCH(int, count);
+    QFETCH(double, width);
+    const Data data = unsortedSamplesOf(kind, static_cast<std::size_t>(count));
+    LineSeries series(data.x, data.y);
+    series.setWidth(width);
+    // A part of the path lies beside the picture.
+    const ScaleMap x = mapX(0.05, 1.1);
+    const ExactStroke exact(data, x, width);
+    const double error = meanError(drawn(series, x, Color()), [&exact](int column, int row) {
+        return exact.shade(column, row);
+    });
+    // Thirty-two points of each pixel are looked at.
+    QVERIFY2(error < 0.02, qPrintable(QString::number(100.0 * error)));
 }
 
 void LineRendering::aSimpleLineIsThePaintersOwnStroke_data() {

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace zembra {
@@ -13,10 +15,7 @@ namespace {
 constexpr int across = 8;
 constexpr int down = 4;
 // What is filled is known by columns of a pixel's width and this many rows of points.
-constexpr int bandRows = 16 * down;
-// And by this many, to pass by at greater steps.
-constexpr int bandsPerBlock = 4;
-constexpr int blockRows = bandsPerBlock * bandRows;
+constexpr int bandRows = 8 * down;
 // So few missing points of a filled column are below the shades that a picture has.
 constexpr int mostMissing = bandRows * across / 128;
 // Thinner strokes would slip through between the points; they are drawn fainter instead.
@@ -31,12 +30,46 @@ Range ordered(double a, double b) {
     return a < b ? Range{a, b} : Range{b, a};
 }
 
+// Points are looked at so many bytes at a time, also at the end of the last row.
+constexpr std::size_t spareBytes = 64;
+// As many points in a row of them are set by one look at memory.
+constexpr unsigned few = 8 * sizeof(std::uint64_t) - across;
+
+void fillFew(std::uint8_t* line, unsigned first, unsigned count) {
+    std::uint8_t* place = line + first / across;
+    std::uint64_t added = ((std::uint64_t{1} << count) - 1) << (first % across);
+    // Points go from the lowest bit of the first byte to the highest of the last.
+    if constexpr (std::endian::native == std::endian::little) {
+        std::uint64_t points = 0;
+        std::memcpy(&points, place, sizeof points);
+        points |= added;
+        std::memcpy(place, &points, sizeof points);
+    } else {
+        for (; added != 0; added >>= across, ++place)
+            *place = static_cast<std::uint8_t>(*place | added);
+    }
+}
+
 // Counted by hand, so that the compiler counts many bytes at once.
 unsigned missingPoints(std::uint8_t byte) {
     unsigned bits = static_cast<std::uint8_t>(~byte);
     bits = (bits & 0x55u) + (bits >> 1 & 0x55u);
     bits = (bits & 0x33u) + (bits >> 2 & 0x33u);
     return (bits & 0x0Fu) + (bits >> 4);
+}
+
+// Columns that are looked at together.
+constexpr std::int32_t together = 64;
+
+// Keeps counts from growing where they are high already, and tells the least one.
+std::uint8_t capped(std::array<std::uint8_t, together>& counts) {
+    constexpr std::uint8_t high = 64;
+    std::uint8_t least = high;
+    for (std::uint8_t& count : counts) {
+        count = count < high ? count : high;
+        least = count < least ? count : least;
+    }
+    return least;
 }
 
 double distance(const Point& a, const Point& b) {
@@ -52,29 +85,29 @@ void MaskRaster::begin(const Rect& area, double penWidth) {
     rows = std::max(0, static_cast<int>(std::ceil(area.bottom())) - top);
     half = 0.5 * std::max(penWidth, thinnest);
     strength = std::min(penWidth / thinnest, 1.0);
-    mask.assign(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows * down), 0);
+    mask.assign(
+        static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows * down) + spareBytes, 0);
     bands = (rows * down + bandRows - 1) / bandRows;
     const auto stride = static_cast<std::size_t>(columns);
     openInBand.resize(static_cast<std::size_t>(bands) * stride);
     for (std::size_t i = 0; i < openInBand.size(); ++i)
         openInBand[i] = static_cast<std::int32_t>(i % stride);
-    openInBlock.assign(
-        openInBand.begin(),
-        openInBand.begin() +
-            static_cast<std::ptrdiff_t>(
-                static_cast<std::size_t>((bands + bandsPerBlock - 1) / bandsPerBlock) * stride));
+    core = {};
     openColumns = openInBand.size();
     work = 0;
-    // A look costs about as much as passing by this many rows.
-    patience = mask.size() / 16 + 1;
+    patience = leastPatience();
 }
 
 void MaskRaster::add(std::span<const Point> piece) {
+    // What lies deep enough in the core is hidden with its joins and ends.
+    const double margin = 1.5 * half;
     if (piece.size() == 1)
         addSegment({piece[0].x - half, piece[0].y}, {piece[0].x + half, piece[0].y});
     for (std::size_t i = 1; i < piece.size() && openColumns > 0; ++i) {
         Point a = piece[i - 1];
         Point b = piece[i];
+        if (core.grown(-margin).contains(a) && core.grown(-margin).contains(b))
+            continue;
         const double length = distance(a, b);
         if (!(length > 0.0))
             continue;
@@ -102,15 +135,14 @@ void MaskRaster::add(std::span<const Point> piece) {
     }
 }
 
-// Whether every point from `low` to `high` is reached already in a row of parts of the mask.
-bool MaskRaster::isFilled(const std::vector<std::int32_t>& nextOpen, int part, double low,
-                          double high) const {
+// Whether every point from `low` to `high` is reached already in a band.
+bool MaskRaster::isFilled(int band, double low, double high) const {
     const double limit = columns - 1;
     if (!(high >= left && low <= left + limit + 1.0))
         return true;
     const auto first = static_cast<std::size_t>(std::clamp(low - left, 0.0, limit));
     const int last = static_cast<int>(std::min(high - left, limit));
-    return nextOpen[static_cast<std::size_t>(part) * static_cast<std::size_t>(columns) + first] >
+    return openInBand[static_cast<std::size_t>(band) * static_cast<std::size_t>(columns) + first] >
            last;
 }
 
@@ -118,7 +150,7 @@ bool MaskRaster::isFilled(const Rect& part) const {
     const int first = std::max(0, static_cast<int>((part.top() - top) * down) / bandRows);
     const int last = std::min(bands - 1, static_cast<int>((part.bottom() - top) * down) / bandRows);
     for (int band = first; band <= last; ++band)
-        if (!isFilled(openInBand, band, part.left(), part.right()))
+        if (!isFilled(band, part.left(), part.right()))
             return false;
     return true;
 }
@@ -159,28 +191,47 @@ void MaskRaster::addSegment(const Point& a, const Point& b) {
         int row = begin;
         for (; row <= end && row < innerFirst; ++row)
             addRow(row);
-        const double step = slope / down;
-        for (double middle = middleAt(row); row <= end && row <= innerLast; ++row, middle += step)
-            fill(row, middle - width, middle + width);
+        const int stop = std::min(end, innerLast) + 1;
+        if (row < stop) {
+            fillStripe(row, stop, middleAt(row), slope / down, width);
+            row = stop;
+        }
         for (; row <= end; ++row)
             addRow(row);
     };
-    const auto isHidden = [&](const std::vector<std::int32_t>& nextOpen, int part, int begin,
-                              int end) {
-        const auto [from, to] = ordered(middleAt(begin), middleAt(end));
-        return isFilled(nextOpen, part, std::max(from - width, west), std::min(to + width, east));
-    };
-    for (int begin = first; begin <= last;) {
-        const int blockEnd = std::min(last, begin / blockRows * blockRows + blockRows - 1);
-        const int bandEnd = std::min(last, begin / bandRows * bandRows + bandRows - 1);
-        if (isHidden(openInBlock, begin / blockRows, begin, blockEnd)) {
-            begin = blockEnd + 1;
-            continue;
+    const auto addBands = [&](int from, int to) {
+        int open = from;
+        for (int begin = from; begin <= to;) {
+            const int end = std::min(to, begin / bandRows * bandRows + bandRows - 1);
+            const auto [low, high] = ordered(middleAt(begin), middleAt(end));
+            if (isFilled(begin / bandRows, std::max(low - width, west),
+                         std::min(high + width, east))) {
+                if (open < begin)
+                    addRows(open, begin - 1);
+                open = end + 1;
+            }
+            begin = end + 1;
         }
-        if (!isHidden(openInBand, begin / bandRows, begin, bandEnd))
-            addRows(begin, bandEnd);
-        begin = bandEnd + 1;
+        if (open <= to)
+            addRows(open, to);
+    };
+    // The rows where the stripe along the segment lies within the core.
+    double hiddenLow = core.top();
+    double hiddenHigh = core.bottom();
+    const double coreLeft = core.left() + width;
+    const double coreRight = core.right() - width;
+    if (std::abs(slope) > 1e-9) {
+        const auto [from, to] =
+            ordered(a.y + (coreLeft - a.x) / slope, a.y + (coreRight - a.x) / slope);
+        hiddenLow = std::max(hiddenLow, from);
+        hiddenHigh = std::min(hiddenHigh, to);
     }
+    const bool passes = coreLeft < coreRight && hiddenLow < hiddenHigh &&
+                        (std::abs(slope) > 1e-9 || (a.x > coreLeft && a.x < coreRight));
+    const int hiddenFirst = passes ? std::max(first, rowFrom(hiddenLow)) : last + 1;
+    const int hiddenEnd = passes ? rowFrom(hiddenHigh) : last + 1;
+    addBands(first, std::min(hiddenFirst - 1, last));
+    addBands(std::max(hiddenFirst, hiddenEnd), last);
     ++work;
 }
 
@@ -208,22 +259,60 @@ void MaskRaster::addTriangle(const Point& a, const Point& b, const Point& c) {
     }
 }
 
+// Rows of a stripe that goes on by `step` from one to the next.
+void MaskRaster::fillStripe(int begin, int end, double middle, double step, double width) {
+    // In fractions of a point, counted in whole numbers.
+    constexpr double unit = 4294967296.0;
+    constexpr int shift = 32;
+    const auto counted = [](double points) { return static_cast<std::int64_t>(points * unit); };
+    const std::int64_t stride = counted(step * across);
+    const double most = columns * across + 1.0;
+    const double low = (middle - width - left) * across + 0.5;
+    const double high = (middle + width - left) * across + 0.5;
+    const double way = step * across * (end - begin);
+    // What may lie beside the picture takes the careful way.
+    if (!(std::min(low, low + way) >= 0.0 && std::max(high, high + way) < most)) {
+        for (int row = begin; row < end; ++row, middle += step)
+            fill(row, middle - width, middle + width);
+        return;
+    }
+    std::int64_t from = counted(low);
+    std::int64_t to = counted(high);
+    if (high - low >= few - 1.0) {
+        for (int row = begin; row < end; ++row, from += stride, to += stride)
+            fillPoints(row, static_cast<unsigned>(from >> shift),
+                       static_cast<unsigned>(to >> shift));
+        return;
+    }
+    std::uint8_t* line =
+        mask.data() + static_cast<std::size_t>(begin) * static_cast<std::size_t>(columns);
+    for (int row = begin; row < end; ++row, from += stride, to += stride, line += columns) {
+        const auto first = static_cast<unsigned>(from >> shift);
+        fillFew(line, first, static_cast<unsigned>(to >> shift) - first);
+    }
+}
+
 void MaskRaster::fill(int row, double from, double to) {
     // Points lie in the middles of the eighths of a pixel.
     const double begin = std::max((from - left) * across + 0.5, 0.0);
     const double end = std::min((to - left) * across + 0.5, static_cast<double>(columns * across));
-    if (!(begin < end))
-        return;
-    const auto first = static_cast<unsigned>(begin);
-    const auto last = static_cast<unsigned>(end);
-    if (first >= last)
+    if (begin < end)
+        fillPoints(row, static_cast<unsigned>(begin), static_cast<unsigned>(end));
+}
+
+void MaskRaster::fillPoints(int row, unsigned first, unsigned end) {
+    if (first >= end)
         return;
     std::uint8_t* line =
         mask.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(columns);
+    if (end - first <= few) {
+        fillFew(line, first, end - first);
+        return;
+    }
     const unsigned firstByte = first / across;
-    const unsigned lastByte = (last - 1) / across;
+    const unsigned lastByte = (end - 1) / across;
     const auto head = static_cast<std::uint8_t>(0xFFu << (first % across));
-    const auto tail = static_cast<std::uint8_t>(0xFFu >> (across - 1 - (last - 1) % across));
+    const auto tail = static_cast<std::uint8_t>(0xFFu >> (across - 1 - (end - 1) % across));
     if (firstByte == lastByte) {
         line[firstByte] = static_cast<std::uint8_t>(line[firstByte] | (head & tail));
         return;
@@ -234,80 +323,147 @@ void MaskRaster::fill(int row, double from, double to) {
     line[lastByte] = static_cast<std::uint8_t>(line[lastByte] | tail);
 }
 
+// A look costs about as much as passing by this many rows.
+std::size_t MaskRaster::leastPatience() const {
+    return mask.size() / 8 + 1;
+}
+
 void MaskRaster::lookForFilledParts() {
     work = 0;
     const std::size_t openBefore = openColumns;
     openColumns = 0;
     const auto stride = static_cast<std::size_t>(columns);
-    std::vector<std::uint16_t> missing(stride);
     for (int band = 0; band < bands; ++band) {
         std::int32_t* next = openInBand.data() + static_cast<std::size_t>(band) * stride;
         if (next[0] == columns)
             continue;
-        const int end = std::min((band + 1) * bandRows, rows * down);
-        std::fill(missing.begin(), missing.end(), std::uint16_t{0});
-        for (int row = band * bandRows; row < end; ++row) {
-            const std::uint8_t* line = mask.data() + static_cast<std::size_t>(row) * stride;
-            for (std::size_t i = 0; i < stride; ++i)
-                missing[i] = static_cast<std::uint16_t>(missing[i] + missingPoints(line[i]));
-        }
+        const int begin = band * bandRows;
+        const int end = std::min(begin + bandRows, rows * down);
         std::int32_t open = columns;
-        for (std::int32_t i = columns - 1; i >= 0; --i) {
-            if (missing[static_cast<std::size_t>(i)] > mostMissing) {
-                open = i;
-                ++openColumns;
-            } else if (next[i] == i) {
-                for (int row = band * bandRows; row < end; ++row)
-                    mask[static_cast<std::size_t>(row) * stride + static_cast<std::size_t>(i)] =
-                        0xFF;
+        for (std::int32_t group = (columns - 1) / together * together; group >= 0;
+             group -= together) {
+            const std::int32_t last = std::min(group + together, columns);
+            if (next[group] >= last) {
+                std::fill(next + group, next + last, open);
+                continue;
             }
-            next[i] = open;
+            const std::uint8_t* points = mask.data() + static_cast<std::size_t>(begin) * stride +
+                                         static_cast<std::size_t>(group);
+            std::array<std::uint8_t, together> missing{};
+            bool hopeful = true;
+            for (int row = begin; row < end && hopeful; ++row, points += stride) {
+                for (std::size_t i = 0; i < missing.size(); ++i)
+                    missing[i] = static_cast<std::uint8_t>(missing[i] + missingPoints(points[i]));
+                // Long before a byte runs over.
+                if (row % 8 == 7)
+                    hopeful = capped(missing) <= mostMissing;
+            }
+            for (std::int32_t i = last - 1; i >= group; --i) {
+                if (missing[static_cast<std::size_t>(i - group)] > mostMissing) {
+                    open = i;
+                    ++openColumns;
+                } else if (next[i] == i) {
+                    for (int row = begin; row < end; ++row)
+                        mask[static_cast<std::size_t>(row) * stride + static_cast<std::size_t>(i)] =
+                            0xFF;
+                }
+                next[i] = open;
+            }
         }
     }
-    for (int block = 0; block * bandsPerBlock < bands; ++block) {
-        std::int32_t* next = openInBlock.data() + static_cast<std::size_t>(block) * stride;
-        const std::int32_t* first =
-            openInBand.data() + static_cast<std::size_t>(block * bandsPerBlock) * stride;
-        std::copy(first, first + stride, next);
-        for (int band = block * bandsPerBlock + 1;
-             band < std::min(bands, block * bandsPerBlock + bandsPerBlock); ++band) {
-            const std::int32_t* other = openInBand.data() + static_cast<std::size_t>(band) * stride;
-            for (std::size_t i = 0; i < stride; ++i)
-                next[i] = std::min(next[i], other[i]);
+    lookForCore();
+    // Where looking found little, look less often.
+    patience = openColumns > openBefore - openBefore / 8 ? 2 * patience : leastPatience();
+}
+
+// Of the longest filled part of each band, what several bands in a row have in common.
+void MaskRaster::lookForCore() {
+    struct Run {
+        std::int32_t begin = 0;
+        std::int32_t end = 0;
+    };
+    std::vector<Run> longest(static_cast<std::size_t>(bands));
+    for (std::size_t band = 0; band < longest.size(); ++band) {
+        const std::int32_t* next = openInBand.data() + band * static_cast<std::size_t>(columns);
+        for (std::int32_t i = 0; i < columns; i = next[i] + 1)
+            if (next[i] - i > longest[band].end - longest[band].begin)
+                longest[band] = {i, next[i]};
+    }
+    double largest = 0.0;
+    for (int first = 0; first < bands; ++first) {
+        Run common{0, columns};
+        for (int band = first; band < bands; ++band) {
+            const Run& run = longest[static_cast<std::size_t>(band)];
+            common = {std::max(common.begin, run.begin), std::min(common.end, run.end)};
+            const double width = common.end - common.begin;
+            const double begin = static_cast<double>(first * bandRows) / down;
+            const double end =
+                std::min<double>(static_cast<double>((band + 1) * bandRows) / down, rows);
+            if (width <= 0.0)
+                break;
+            if (width * (end - begin) > largest) {
+                largest = width * (end - begin);
+                core = {left + static_cast<double>(common.begin), top + begin, width, end - begin};
+            }
         }
     }
-    // Where looking found nothing, look less often.
-    if (openColumns == openBefore)
-        patience *= 2;
+}
+
+// What was drawn: whole pixels of the picture.
+MaskRaster::Box MaskRaster::drawnBox() const {
+    const auto stride = static_cast<std::size_t>(columns);
+    const auto isBlank = [](std::uint8_t points) { return points == 0; };
+    std::vector<std::uint8_t> seen(stride);
+    Box box{0, rows, 0, 0};
+    for (int row = 0; row < rows; ++row) {
+        const auto line = mask.begin() + static_cast<std::ptrdiff_t>(
+                                             static_cast<std::size_t>(row * down) * stride);
+        const auto end = line + static_cast<std::ptrdiff_t>(down * stride);
+        if (std::all_of(line, end, isBlank))
+            continue;
+        box.top = std::min(box.top, row);
+        box.bottom = row + 1;
+        for (std::size_t i = 0; i < down * stride; i += stride)
+            for (std::size_t k = 0; k < stride; ++k)
+                seen[k] =
+                    static_cast<std::uint8_t>(seen[k] | line[static_cast<std::ptrdiff_t>(i + k)]);
+    }
+    const auto first = std::find_if_not(seen.begin(), seen.end(), isBlank);
+    const auto last = std::find_if_not(seen.rbegin(), seen.rend(), isBlank);
+    box.left = static_cast<int>(first - seen.begin());
+    box.right = static_cast<int>(seen.rend() - last);
+    return box;
 }
 
 Picture MaskRaster::finish(const Color& color) {
     Picture picture;
-    if (std::all_of(mask.begin(), mask.end(), [](std::uint8_t m) { return m == 0; }))
+    const Box box = drawnBox();
+    if (box.top >= box.bottom)
         return picture;
-    picture.width = columns;
-    picture.height = rows;
-    picture.x = left;
-    picture.y = top;
+    picture.width = box.right - box.left;
+    picture.height = box.bottom - box.top;
+    picture.x = left + box.left;
+    picture.y = top + box.top;
     const auto stride = static_cast<std::size_t>(columns);
-    picture.buffer = takePictureBuffer(stride * static_cast<std::size_t>(rows) * 4);
+    const auto width = static_cast<std::size_t>(picture.width);
+    picture.buffer = takePictureBuffer(width * static_cast<std::size_t>(picture.height) * 4);
     std::array<std::uint32_t, across * down + 1> shades{};
     for (std::size_t hits = 0; hits < shades.size(); ++hits) {
         const double share = static_cast<double>(hits) / (across * down);
         shades[hits] = packedPixel(
             color, static_cast<unsigned>(std::lround(color.alpha() * strength * share)));
     }
-    for (int row = 0; row < rows; ++row) {
-        const std::uint8_t* points = mask.data() + static_cast<std::size_t>(row) * down * stride;
-        std::uint8_t* pixels = picture.buffer.pixels + static_cast<std::size_t>(row) * stride * 4;
-        for (std::size_t i = 0; i < stride; ++i) {
-            const std::uint32_t all = static_cast<std::uint32_t>(points[i]) |
-                                      static_cast<std::uint32_t>(points[i + stride]) << 8 |
-                                      static_cast<std::uint32_t>(points[i + 2 * stride]) << 16 |
-                                      static_cast<std::uint32_t>(points[i + 3 * stride]) << 24;
-            const std::uint32_t pixel = shades[static_cast<std::size_t>(std::popcount(all))];
-            std::memcpy(pixels + 4 * i, &pixel, 4);
-        }
+    std::vector<std::uint8_t> missing(width);
+    std::uint8_t* pixels = picture.buffer.pixels;
+    for (int row = box.top; row < box.bottom; ++row) {
+        const std::uint8_t* points = mask.data() + static_cast<std::size_t>(row * down) * stride +
+                                     static_cast<std::size_t>(box.left);
+        for (std::size_t i = 0; i < width; ++i)
+            missing[i] = static_cast<std::uint8_t>(
+                missingPoints(points[i]) + missingPoints(points[i + stride]) +
+                missingPoints(points[i + 2 * stride]) + missingPoints(points[i + 3 * stride]));
+        for (std::size_t i = 0; i < width; ++i, pixels += 4)
+            std::memcpy(pixels, &shades[across * down - missing[i]], 4);
     }
     return picture;
 }

@@ -24,17 +24,29 @@ public:
     void begin(const Rect& area, double penWidth);
     /// Adds one piece of the path.
     void add(std::span<const Point> piece);
-    /// The picture; without a buffer where nothing was drawn.
+    /// The picture, cropped to what was drawn; without a buffer where that is nothing.
     Picture finish(const Color& color);
 
 private:
+    // In pixels of the picture that was begun; right and bottom lie outside.
+    struct Box {
+        int left = 0;
+        int top = 0;
+        int right = 0;
+        int bottom = 0;
+    };
+
     void addSegment(const Point& a, const Point& b);
     void addTriangle(const Point& a, const Point& b, const Point& c);
-    bool isFilled(const std::vector<std::int32_t>& nextOpen, int part, double low,
-                  double high) const;
+    bool isFilled(int band, double low, double high) const;
     bool isFilled(const Rect& part) const;
+    void fillStripe(int begin, int end, double middle, double step, double width);
     void fill(int row, double from, double to);
+    void fillPoints(int row, unsigned first, unsigned end);
+    std::size_t leastPatience() const;
     void lookForFilledParts();
+    void lookForCore();
+    Box drawnBox() const;
 
     int left = 0;
     int top = 0;
@@ -42,12 +54,14 @@ private:
     int rows = 0;
     double half = 0.5;
     double strength = 1.0;
+    // A byte for the points of a pixel in a row of points, and some more that are written with the
+    // last ones.
     std::vector<std::uint8_t> mask;
-    // By bands of rows, and by blocks of bands: for every column of pixels, the first from there on
-    // that is not filled.
+    // By bands of rows: for every column of pixels, the first from there on that is not filled.
     std::vector<std::int32_t> openInBand;
-    std::vector<std::int32_t> openInBlock;
     int bands = 0;
+    // A part of the picture, filled all over, that segments pass by at once.
+    Rect core;
     std::size_t openColumns = 0;
     // Rows of points that segments came by, since the last look for filled parts.
     std::size_t work = 0;

@@ -19,10 +19,12 @@ public:
 
     /// NaN where the scale cannot place the value.
     double operator()(double value) const {
-        if (!linear)
-            return map.transform(value);
-        const double result = pixel + (value - origin) * slope;
-        return std::isfinite(result) ? result : map.transform(value);
+        if (linear) {
+            const double result = pixel + (value - origin) * slope;
+            if (std::isfinite(result))
+                return result;
+        }
+        return map.transform(value);
     }
 
 private:

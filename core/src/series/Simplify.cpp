@@ -16,6 +16,10 @@ double dot(const Point& a, const Point& b) {
     return a.x * b.x + a.y * b.y;
 }
 
+double length(const Point& a) {
+    return std::sqrt(dot(a, a));
+}
+
 } // namespace
 
 void Simplifier::turnAt(const Point& point) {
@@ -32,9 +36,7 @@ bool Simplifier::comesBack(const Point& point) const {
     return back < 0.0 && back * back > tolerance * tolerance * dot(way, way);
 }
 
-void Simplifier::narrowTo(const Point& point) {
-    const Point way{point.x - anchor.x, point.y - anchor.y};
-    const double distance = std::sqrt(dot(way, way));
+void Simplifier::narrowTo(const Point& way, double distance) {
     reach = std::max(reach, distance);
     if (distance <= tolerance)
         return;
@@ -68,17 +70,20 @@ void Simplifier::add(const Point& point) {
         latest = point;
         return;
     }
-    if (first)
-        narrowTo(latest);
+    if (first) {
+        const Point way{latest.x - anchor.x, latest.y - anchor.y};
+        narrowTo(way, length(way));
+    }
     const Point way{point.x - anchor.x, point.y - anchor.y};
+    const double distance = length(way);
     const bool inside =
         open || (cross(low, way) >= 0.0 && cross(way, high) >= 0.0 && dot(low, way) > 0.0);
     // Coming back by more than the tolerance would lose how far the path went.
-    first = !inside || std::sqrt(dot(way, way)) < reach - tolerance;
+    first = !inside || distance < reach - tolerance;
     if (first)
         turnAt(latest);
     else
-        narrowTo(point);
+        narrowTo(way, distance);
     latest = point;
 }
 

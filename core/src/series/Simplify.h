@@ -28,7 +28,7 @@ public:
 private:
     void turnAt(const Point& point);
     bool comesBack(const Point& point) const;
-    void narrowTo(const Point& point);
+    void narrowTo(const Point& way, double distance);
 
     double tolerance;
     std::vector<Point>& result;

@@ -285,15 +285,14 @@ void reduceSorted(const Samples& samples, const ScaleMap& x, const ScaleMap& y, 
 
 void mapAll(const Samples& samples, const ScaleMap& x, const ScaleMap& y,
             std::vector<Point>& path) {
-    path.clear();
     const Samples::Store& store = samples.store();
-    path.reserve(store.count);
+    path.resize(store.count);
     const PixelMap toX(x);
     const PixelMap toY(y);
     store.read([&](const auto& xs, const auto& ys) {
         for (std::size_t i = 0; i < store.count; ++i) {
             const std::size_t s = store.slot(i);
-            path.push_back({toX(xs[s]), toY(ys[s])});
+            path[i] = {toX(xs[s]), toY(ys[s])};
         }
     });
 }
