@@ -93,15 +93,13 @@ void ZembraItemModelSamples::Private::connectTo(QAbstractItemModel* source) {
 }
 
 double ZembraItemModelSamples::Private::valueAt(int row, int column) const {
-    if (column < 0)
-        return row;
     return numberOf(model->index(row, column).data(role));
 }
 
 void ZembraItemModelSamples::Private::readRows(int first, int last) {
     for (int row = first; row <= last; ++row) {
         const auto i = static_cast<std::size_t>(row);
-        x[i] = valueAt(row, xColumn);
+        x[i] = xColumn < 0 ? row : valueAt(row, xColumn);
         y[i] = valueAt(row, yColumn);
     }
     scheduleFeeding();
@@ -149,8 +147,12 @@ void ZembraItemModelSamples::Private::readAll() {
 void ZembraItemModelSamples::Private::scheduleFeeding() {
     if (std::exchange(isWaiting, true))
         return;
-    QMetaObject::invokeMethod(
-        owner, [this] { feedSeries(); }, Qt::QueuedConnection);
+    // A series that was set in between has been fed already.
+    const auto feedIfWaiting = [this] {
+        if (isWaiting)
+            feedSeries();
+    };
+    QMetaObject::invokeMethod(owner, feedIfWaiting, Qt::QueuedConnection);
 }
 
 void ZembraItemModelSamples::Private::feedSeries() {

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void itemsAreNumbersTextsDatesOrGaps();
     void everyChangeOfTheModelReachesTheSeries();
     void changesOfOneTurnReachTheSeriesTogether();
+    void aSeriesThatIsSetBetweenChangesIsFedWithThemOnce();
     void rowsAreCountedWhereNoColumnHoldsX();
     void whatLiesBelowTheTopLevelOrInOtherColumnsAndRolesChangesNothing();
     void aColumnThatIsNotThereGivesGaps();
@@ -144,6 +145,24 @@ void ItemModelSamples::changesOfOneTurnReachTheSeriesTogether() {
     QCOMPARE(feeder.samples().size(), std::size_t{100});
 }
 
+void ItemModelSamples::aSeriesThatIsSetBetweenChangesIsFedWithThemOnce() {
+    QStandardItemModel model;
+    ZembraItemModelSamples feeder;
+    feeder.setModel(&model);
+    appendRow(model, 1, 10);
+    feeder.setSeries(std::make_shared<LineSeries>());
+    QSignalSpy spy(&feeder, &ZembraItemModelSamples::samplesChanged);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(spy.count(), 0);
+    appendRow(model, 2, 20);
+    feeder.setSeries(std::make_shared<LineSeries>());
+    appendRow(model, 3, 30);
+    spy.clear();
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(feeder.samples().size(), std::size_t{3});
+}
+
 void ItemModelSamples::rowsAreCountedWhereNoColumnHoldsX() {
     QStandardItemModel model;
     for (int i = 0; i < 4; ++i)
@@ -185,6 +204,9 @@ void ItemModelSamples::aColumnThatIsNotThereGivesGaps() {
     feeder.setModel(&model);
     feeder.setColumns(0, 7);
     QTRY_COMPARE(textOf(feeder.samples()), QStringLiteral("1,-"));
+    // Rows are counted for x alone.
+    feeder.setColumns(-1, -1);
+    QTRY_COMPARE(textOf(feeder.samples()), QStringLiteral("0,-"));
 }
 
 void ItemModelSamples::aModelThatIsGoneOrReplacedFeedsNoMore() {
