@@ -72,18 +72,13 @@ struct Samples::Store {
         return s >= slots() && isRing() ? s - capacity : s;
     }
 
-    /// Calls `use` with how to read x and y by slot.
+    /// Calls `use` with how to read x and y by slot. Arrays of both have one precision.
     template <class Use>
     decltype(auto) read(Use&& use) const {
-        if (yf) {
-            if (xf)
-                return use(ArrayOf<float>{xf}, ArrayOf<float>{yf});
-            if (x)
-                return use(ArrayOf<double>{x}, ArrayOf<float>{yf});
-            return use(even, ArrayOf<float>{yf});
-        }
         if (xf)
-            return use(ArrayOf<float>{xf}, ArrayOf<double>{y});
+            return use(ArrayOf<float>{xf}, ArrayOf<float>{yf});
+        if (yf)
+            return use(even, ArrayOf<float>{yf});
         if (x)
             return use(ArrayOf<double>{x}, ArrayOf<double>{y});
         return use(even, ArrayOf<double>{y});

@@ -102,6 +102,17 @@ TEST(Axis, LinkedAxesShareOneRangeAcrossPlots) {
     EXPECT_GT(lower.axis(2).range().first, 40.0);
 }
 
+TEST(Axis, ALinkedOneTakesScaleAndDirectionOfTheOther) {
+    Plot leader;
+    leader.axis(0).setScale(Scale::log());
+    leader.axis(0).setInverted(true);
+    Plot follower;
+    follower.axis(0).linkTo(leader.axis(0));
+    EXPECT_FALSE(follower.axis(0).scale().isLinear());
+    EXPECT_TRUE(follower.axis(0).isInverted());
+    EXPECT_GT(follower.axis(0).range().first, follower.axis(0).range().second);
+}
+
 TEST(Axis, ALinkedAxisMayOutliveTheOther) {
     Plot kept;
     {

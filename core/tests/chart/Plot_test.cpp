@@ -83,6 +83,32 @@ TEST(Plot, DrawsNothingWithoutASize) {
     }
 }
 
+TEST(Plot, LosesAxisTitlesThenItsTitleThenItsLabelsAsItShrinks) {
+    Plot plot;
+    plot.setTitle("title");
+    plot.axis(2).setTitle("x");
+    std::string seen;
+    for (int size = 300; size > 20; --size) {
+        RecordingPainter painter;
+        plot.renderInto(painter, size, size);
+        const std::string text = painter.text();
+        const bool title = text.find("\"title\"") != std::string::npos;
+        const bool axisTitle = text.find("\"x\"") != std::string::npos;
+        const char state = title && axisTitle              ? 'A'
+                           : title                         ? 'T'
+                           : painter.count("drawText") > 0 ? 'L'
+                                                           : '-';
+        if (seen.empty() || seen.back() != state)
+            seen += state;
+    }
+    EXPECT_EQ(seen, "ATL-");
+    RecordingPainter painter;
+    plot.renderInto(painter, 30, 20);
+    EXPECT_EQ(plot.canvasRect(), (Rect{2.0, 2.0, 26.0, 16.0}));
+    plot.renderInto(painter, 4, 4);
+    EXPECT_EQ(plot.canvasRect(), (Rect{1.0, 1.0, 2.0, 2.0}));
+}
+
 TEST(Plot, EverySizeIsDrawnInsideThePicture) {
     Plot plot;
     plot.setTitle("A title that is too long for most of these pictures");

@@ -39,6 +39,31 @@ TEST(LinearScale, TicksStandAtOneTwoAndFive) {
                 ElementsAre("−0.3", "−0.2", "−0.1", "0.0", "0.1", "0.2"));
 }
 
+TEST(LinearScale, MinorTicksFillTheRangeFromEndToEnd) {
+    std::vector<double> expected;
+    for (int i = 1; i <= 49; ++i)
+        if (i % 5 != 0)
+            expected.push_back(2.0 * i / 10.0);
+    EXPECT_EQ(Scale().ticks(0.2, 9.8, most(11)).minor, expected);
+    EXPECT_THAT(Scale().ticks(-4, 4, most(3)).minor, ElementsAre(-4, -3, -2, -1, 1, 2, 3, 4));
+}
+
+TEST(LinearScale, MinorTicksEndWhereNumbersFallTogether) {
+    struct Case {
+        double min, max;
+        std::size_t major, minor;
+    };
+    constexpr Case cases[] = {{1, 1 + 8 * ulp, 9, 0},   {1, 1 + 40 * ulp, 9, 0},
+                              {1, 1 + 80 * ulp, 9, 27}, {1e15, 1e15 + 40, 9, 32},
+                              {1e15, 1e15 + 8, 9, 32},  {1e16, 1e16 + 40, 9, 0},
+                              {1e16, 1e16 + 10, 6, 0},  {-1.7e308, 1.7e308, 7, 28}};
+    for (const Case& c : cases) {
+        const TickSet set = Scale().ticks(c.min, c.max, most(9));
+        EXPECT_EQ(set.major.size(), c.major) << c.min << " to " << c.max;
+        EXPECT_EQ(set.minor.size(), c.minor) << c.min << " to " << c.max;
+    }
+}
+
 TEST(LinearScale, LongLabelsMoveWhatTheyShareToTheOffset) {
     struct Case {
         double min, max;
@@ -55,6 +80,7 @@ TEST(LinearScale, LongLabelsMoveWhatTheyShareToTheOffset) {
         {-123460, -123456, {"−3460", "−3459", "−3458", "−3457", "−3456"}, "−120000"},
         {1.7e9, 1.7e9 + 4, {"0", "1", "2", "3", "4"}, "+1.7×10⁹"},
         {1013.2, 1013.6, {"1013.2", "1013.3", "1013.4", "1013.5", "1013.6"}, ""},
+        {0.0123456, 0.0123458, {"45.60", "45.65", "45.70", "45.75", "45.80"}, "×10⁻⁶ +0.0123"},
         {1, 1 + 4 * ulp, {"0.0", "0.2", "0.4", "0.6", "0.8"}, "×10⁻¹⁵ +1"},
         {-1e308, 1e308, {"−100", "−50", "0", "50", "100"}, "×10³⁰⁶"},
     };

@@ -48,6 +48,54 @@ TEST(LogScale, MinorTicksFillDecadesOrCountThem) {
     EXPECT_EQ(many.major.size() + many.minor.size(), 21u);
 }
 
+TEST(LogScale, MinorTicksFillTheRangeFromEndToEnd) {
+    std::vector<double> multiples = {3, 4, 5, 6, 7, 8, 9};
+    for (const double decade : {10.0, 100.0})
+        for (int i = 2; i <= 9; ++i)
+            multiples.push_back(i * decade);
+    multiples.push_back(2000.0);
+    multiples.push_back(3000.0);
+    EXPECT_EQ(Scale::log().ticks(3, 3000, most(4)).minor, multiples);
+    const TickSet powers = Scale::log(2.0).ticks(2, 1024, most(4));
+    EXPECT_EQ(powers.major.size() + powers.minor.size(), 10u);
+    EXPECT_EQ(powers.minor.front(), 2.0);
+    EXPECT_EQ(powers.minor.back(), 1024.0);
+}
+
+TEST(LogScale, TicksSuitTheirRoom) {
+    constexpr double e = 2.718281828459045;
+    struct Case {
+        double base, min, max;
+        int maxMajor;
+        const char* labels;
+        const char* minor;
+    };
+    constexpr Case cases[] = {
+        {10, 1, 1000, 3, "1 100", "10 1000"},
+        {10, 1, 1000, 10, "1 2 5 10 20 50 100 200 500 1000",
+         "3 4 6 7 8 9 30 40 60 70 80 90 300 400 600 700 800 900"},
+        {10, 0.02, 40, 3, "20 40", "5 10 15 25 30 35"},
+        {10, 0.02, 40, 20, "0.02 0.05 0.1 0.2 0.5 1 2 5 10 20",
+         "0.03 0.04 0.06 0.07 0.08 0.09 0.3 0.4 0.6 0.7 0.8 0.9 3 4 6 7 8 9 30 40"},
+        {10, 1, 1e200, 5, "10⁰ 10⁵⁰ 10¹⁰⁰ 10¹⁵⁰ 10²⁰⁰",
+         "100000 1e+10 1e+15 1e+20 1e+25 1e+30 1e+35 1e+40 1e+45 1e+55 1e+60 1e+65 1e+70 1e+75 "
+         "1e+80 1e+85 1e+90 1e+95 1e+105 1e+110 1e+115 1e+120 1e+125 1e+130 1e+135 1e+140 1e+145 "
+         "1e+155 1e+160 1e+165 1e+170 1e+175 1e+180 1e+185 1e+190 1e+195"},
+        {2, 1, 64, 3, "1 8 64", "2 4 16 32"},
+        {2, 1, 64, 5, "1 4 16 64", "2 8 32"},
+        {2, 1, 1e6, 5, "1 32 1024 32768",
+         "2 4 8 16 64 128 256 512 2048 4096 8192 16384 65536 131072 262144 524288"},
+        {e, 1, 1e4, 3, "1 e⁵", "2.71828 7.38906 20.0855 54.5982 403.429 1096.63 2980.96 8103.08"},
+        {1000, 1, 1e9, 3, "10⁰ 10⁶", "1000 1e+09"},
+        {1000, 1, 1e9, 5, "10⁰ 10³ 10⁶ 10⁹", ""},
+    };
+    for (const Case& c : cases) {
+        const TickSet set = Scale::log(c.base).ticks(c.min, c.max, most(c.maxMajor));
+        EXPECT_EQ(labelLine(set), c.labels) << c.base << ": " << c.min << " to " << c.max;
+        EXPECT_EQ(minorLine(set), c.minor) << c.base << ": " << c.min << " to " << c.max;
+    }
+}
+
 TEST(LogScale, OnlyPositiveNumbersHaveAPlace) {
     const Scale scale = Scale::log();
     for (const double value : {0.0, -0.0, -1.0, -1e308, std::nan("")}) {

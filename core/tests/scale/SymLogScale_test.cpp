@@ -31,6 +31,46 @@ TEST(SymLogScale, TicksRunThroughZero) {
             << c.min << " to " << c.max;
 }
 
+TEST(SymLogScale, TicksSuitTheirRoom) {
+    struct Case {
+        double width, base, min, max;
+        int maxMajor;
+        const char* labels;
+        std::size_t minor;
+    };
+    constexpr Case cases[] = {
+        {1, 10, -1000, 1000, 2, "0", 4},
+        {1, 10, -1000, 1000, 3, "−1000 0 1000", 0},
+        {1, 10, -1000, 1000, 5, "−100 0 100", 0},
+        {1, 10, -1000, 1000, 9, "−1000 −100 −10 0 10 100 1000", 50},
+        {1, 10, -1000, 1000, 20, "−1000 −100 −10 −1 0 1 10 100 1000", 48},
+        {1, 10, -1000, 1000, 30,
+         "−1000 −500 −200 −100 −50 −20 −10 −1 0 1 10 20 50 100 200 500 1000", 40},
+        {1, 10, 0, 1000, 15, "0 1 10 20 50 100 200 500 1000", 20},
+        {1, 10, -5, 1e8, 8, "0 10² 10⁴ 10⁶ 10⁸", 0},
+        {1, 10, -5, 1e8, 12, "0 10¹ 10² 10³ 10⁴ 10⁵ 10⁶ 10⁷ 10⁸", 70},
+        {1, 10, -1e-3, 1e30, 8, "0 10⁵ 10¹⁰ 10¹⁵ 10²⁰ 10²⁵ 10³⁰", 0},
+        {1, 10, -1e300, 1e300, 9, "−10³⁰⁰ −10²⁰⁰ −10¹⁰⁰ 0 10¹⁰⁰ 10²⁰⁰ 10³⁰⁰", 0},
+        {0.1, 10, -10, 10, 9, "−10 −1 0 1 10", 34},
+        {100, 10, -1e4, 1e4, 9, "−10000 −1000 0 1000 10000", 34},
+        {100, 10, -1e4, 1e4, 15, "−10000 −5000 −2000 −1000 −100 0 100 1000 2000 5000 10000", 28},
+        {1, 2, -16, 16, 11, "−16 −8 −4 −2 −1 0 1 2 4 8 16", 0},
+        {1, 2, -16, 16, 5, "−16 −4 0 4 16", 0},
+        {3, 2, -100, 100, 9, "−64 −16 −4 0 4 16 64", 0},
+    };
+    for (const Case& c : cases) {
+        const TickSet set = Scale::symLog(c.width, c.base).ticks(c.min, c.max, most(c.maxMajor));
+        EXPECT_EQ(labelLine(set), c.labels) << c.min << " to " << c.max << ": " << c.maxMajor;
+        EXPECT_EQ(set.minor.size(), c.minor) << c.min << " to " << c.max << ": " << c.maxMajor;
+    }
+}
+
+TEST(SymLogScale, MinorTicksRunThroughZero) {
+    EXPECT_EQ(minorLine(Scale::symLog().ticks(-30, 20, most(5))),
+              "-30 -20 -9 -8 -7 -6 -5 -4 -3 -2 -1 1 2 3 4 5 6 7 8 9 20");
+    EXPECT_EQ(minorLine(Scale::symLog().ticks(-1000, 1000, most(2))), "-1000 -500 500 1000");
+}
+
 TEST(SymLogScale, TransformIsOddAndComesBack) {
     for (const double width : {1.0, 1e-300, 1e-3, 1e300}) {
         const Scale scale = Scale::symLog(width);

@@ -82,6 +82,51 @@ TEST(TimeScale, TicksFollowTheCalendarAtEveryZoom) {
         EXPECT_EQ(line("UTC", c.from, c.to, 7), c.labels);
 }
 
+TEST(TimeScale, MinorTicksAreTheNextFinerUnit) {
+    constexpr double minute = 60.0;
+    struct Case {
+        double step, minor;
+    };
+    const Case cases[] = {{12 * hour, 3 * hour},
+                          {6 * hour, hour},
+                          {3 * hour, hour},
+                          {2 * hour, 30 * minute},
+                          {hour, 15 * minute},
+                          {30 * minute, 5 * minute},
+                          {15 * minute, 5 * minute},
+                          {10 * minute, 2 * minute},
+                          {5 * minute, minute},
+                          {2 * minute, 30},
+                          {minute, 15},
+                          {30, 5},
+                          {15, 5},
+                          {10, 2},
+                          {5, 1},
+                          {day, 6 * hour},
+                          {7 * day, day}};
+    const double begin = utc(2024, 1, 1);
+    for (const Case& c : cases) {
+        const TickSet set = Scale::time("UTC").ticks(begin, begin + 4 * c.step, most(5));
+        ASSERT_EQ(set.major.size(), 5u) << c.step;
+        std::vector<double> expected;
+        for (int i = 0; i * c.minor < 4 * c.step; ++i)
+            if (std::fmod(i * c.minor, c.step) != 0.0)
+                expected.push_back(begin + i * c.minor);
+        EXPECT_EQ(set.minor, expected) << c.step;
+    }
+    EXPECT_EQ(Scale::time("UTC").ticks(begin, utc(2024, 4, 1), most(4)).minor,
+              (std::vector{utc(2024, 1, 16), utc(2024, 2, 16), utc(2024, 3, 16)}));
+}
+
+TEST(TimeScale, EveryFourthYearHasALeapDayButThreeCenturiesInFour) {
+    for (int year = 1500; year <= 2500; ++year) {
+        const bool leap = std::chrono::year(year).is_leap();
+        const std::string text = "[" + std::to_string(year) + "] Feb 27 | Feb 28 | " +
+                                 (leap ? "Feb 29 | Mar 1" : "Mar 1 | Mar 2");
+        EXPECT_EQ(line("UTC", utc(year, 2, 27), utc(year, 2, 27) + 3 * day, 4), text);
+    }
+}
+
 TEST(TimeScale, YearsRunOnBothWaysWithoutEnd) {
     EXPECT_EQ(line("UTC", utc(9999, 6, 1), utc(10000, 6, 1), 5), "[9999] Jul | Oct | "
                                                                  "[10000] Jan | Apr");

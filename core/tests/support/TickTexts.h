@@ -3,6 +3,7 @@
 
 #include <zembra/scale/Scale.h>
 
+#include <sstream>
 #include <string>
 
 namespace zembra::test {
@@ -19,6 +20,14 @@ inline std::string labelLine(const TickSet& set) {
     for (const Tick& tick : set.major)
         text += (text.empty() ? "" : " ") + tick.label;
     return text + (set.offset.empty() ? "" : " (" + set.offset + ")");
+}
+
+/// The minor ticks between spaces, with six digits.
+inline std::string minorLine(const TickSet& set) {
+    std::ostringstream text;
+    for (const double value : set.minor)
+        text << (text.tellp() > 0 ? " " : "") << value;
+    return text.str();
 }
 
 } // namespace zembra::test
