@@ -118,6 +118,48 @@ TEST(TimeScale, MinorTicksAreTheNextFinerUnit) {
               (std::vector{utc(2024, 1, 16), utc(2024, 2, 16), utc(2024, 3, 16)}));
 }
 
+TEST(TimeScale, MinorTicksBelowASecondFillTheRange) {
+    std::vector<double> expected;
+    for (int i = 1; i <= 49; ++i)
+        if (i % 5 != 0)
+            expected.push_back(2.0 * i / 100.0);
+    EXPECT_EQ(Scale::time("UTC").ticks(0.02, 0.98, most(10)).minor, expected);
+}
+
+TEST(TimeScale, ClocksOfFarYearsChangeOnTheSundaysOfTheRule) {
+    struct Case {
+        const char* zone;
+        unsigned month, sunday;
+        int hours;
+    };
+    // Second and first, last, and first Sundays, all of 2040.
+    const Case cases[] = {
+        {"America/New_York", 3, 11, 23}, {"America/New_York", 11, 4, 25},
+        {"Europe/Paris", 3, 25, 23},     {"Europe/Paris", 10, 28, 25},
+        {"Australia/Sydney", 10, 7, 23}, {"Australia/Sydney", 4, 1, 25},
+    };
+    for (const Case& c : cases) {
+        // The first midnights of the weeks around the change, as the zone's clocks show them.
+        const double around = utc(2040, c.month, c.sunday, 12.0);
+        std::vector<double> midnights;
+        for (const Tick& tick :
+             Scale::time(c.zone).ticks(around - 5 * day, around + 5 * day, most(11)).major)
+            midnights.push_back(tick.value);
+        ASSERT_GE(midnights.size(), 10u) << c.zone;
+        int others = 0;
+        for (std::size_t i = 1; i < midnights.size(); ++i) {
+            const double hours = (midnights[i] - midnights[i - 1]) / hour;
+            const double since = std::abs(midnights[i - 1] - utc(2040, c.month, c.sunday));
+            if (since <= 15 * hour && hours != 24.0)
+                EXPECT_EQ(hours, c.hours) << c.zone << " " << c.month;
+            else
+                EXPECT_EQ(hours, 24.0) << c.zone << " " << c.month;
+            others += hours != 24.0 ? 1 : 0;
+        }
+        EXPECT_EQ(others, 1) << c.zone << " " << c.month;
+    }
+}
+
 TEST(TimeScale, EveryFourthYearHasALeapDayButThreeCenturiesInFour) {
     for (int year = 1500; year <= 2500; ++year) {
         const bool leap = std::chrono::year(year).is_leap();
