@@ -91,10 +91,16 @@ void ExtentIndex::build(const T* values, std::size_t count) {
     reset();
     // Only whole blocks: what is left over at the end is always looked at itself.
     for (std::size_t size = count / blockSize; size > 0; size /= fanOut)
-        levels.emplace_back(size);
+        levels.emplace_back().reserve(size);
     // Not before there is memory for all of it: half an index would be taken for a whole one.
     built = true;
-    update(values, count, 0, count);
+    // Entries go straight into their place: so much memory is not to be touched twice.
+    for (std::size_t block = 0; block < count / blockSize; ++block)
+        levels[0].push_back(scan(values, block * blockSize, (block + 1) * blockSize));
+    for (std::size_t level = 0; level + 1 < levels.size(); ++level) {
+        levels[level + 1].resize(levels[level].size() / fanOut);
+        buildLevelAbove(level, 0, levels[level + 1].size());
+    }
 }
 
 template <class T>
