@@ -75,10 +75,10 @@ void Simplifier::add(const Point& point) {
         narrowTo(way, length(way));
     }
     const Point way{point.x - anchor.x, point.y - anchor.y};
-    const double distance = length(way);
     const bool inside =
         open || (cross(low, way) >= 0.0 && cross(way, high) >= 0.0 && dot(low, way) > 0.0);
     // Coming back by more than the tolerance would lose how far the path went.
+    const double distance = inside ? length(way) : 0.0;
     first = !inside || distance < reach - tolerance;
     if (first)
         turnAt(latest);
