@@ -282,6 +282,41 @@ SlicedPicture ColumnRaster::finishSliced(const Color& color) {
 }
 
 void ColumnRaster::fillTile(const Box& tile, const Color& color, std::uint8_t* pixels, int stride) {
+    const auto lineBytes = static_cast<std::size_t>(tile.right - tile.left) * 4;
+    const auto lineAt = [&](int row) {
+        return pixels +
+               static_cast<std::size_t>(row - tile.top) * static_cast<std::size_t>(stride) * 4;
+    };
+    const Box drawn = drawnRows(tile);
+    for (int row = tile.top; row < drawn.top; ++row)
+        std::memset(lineAt(row), 0, lineBytes);
+    for (int row = drawn.bottom; row < tile.bottom; ++row)
+        std::memset(lineAt(row), 0, lineBytes);
+    fillRows(drawn, color, lineAt(drawn.top), stride);
+}
+
+// The rows of a tile that the stroke reaches.
+ColumnRaster::Box ColumnRaster::drawnRows(Box tile) const {
+    const auto top = static_cast<float>(tile.top);
+    const auto bottom = static_cast<float>(tile.bottom);
+    float low = bottom;
+    float high = top;
+    for (std::size_t k = 0; k < std::min(pieces, layers.size()); ++k) {
+        const Layer& layer = layers[k];
+        for (int i = tile.left * stripsPerColumn; i < tile.right * stripsPerColumn; ++i) {
+            const auto s = static_cast<std::size_t>(i);
+            if (!(layer.low[s] < layer.high[s]))
+                continue;
+            low = lesser(low, layer.low[s]);
+            high = greater(high, layer.high[s]);
+        }
+    }
+    tile.top = static_cast<int>(std::floor(std::clamp(low, top, bottom)));
+    tile.bottom = std::max(tile.top, static_cast<int>(std::ceil(std::clamp(high, top, bottom))));
+    return tile;
+}
+
+void ColumnRaster::fillRows(const Box& tile, const Color& color, std::uint8_t* pixels, int stride) {
     const int height = tile.bottom - tile.top;
     const int count = tile.right - tile.left;
     // Each interval leaves its ends in the first derivative of the cover along y; summing them up

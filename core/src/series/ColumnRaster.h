@@ -59,6 +59,8 @@ private:
     Box solidRows(Box drawn) const;
     Picture painted(const Box& box, const Color& color);
     void fillTile(const Box& tile, const Color& color, std::uint8_t* pixels, int stride);
+    Box drawnRows(Box tile) const;
+    void fillRows(const Box& tile, const Color& color, std::uint8_t* pixels, int stride);
 
     int left = 0;
     int top = 0;

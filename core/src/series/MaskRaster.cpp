@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <numeric>
 
 namespace zembra {
 
@@ -20,6 +21,9 @@ constexpr int bandRows = 8 * down;
 constexpr int mostMissing = bandRows * across / 128;
 // Thinner strokes would slip through between the points; they are drawn fainter instead.
 constexpr double thinnest = 0.5;
+
+// Farther than any canvas.
+constexpr double unreached = 1e9;
 
 struct Range {
     double low;
@@ -61,6 +65,29 @@ unsigned missingPoints(std::uint8_t byte) {
 // Columns that are looked at together.
 constexpr std::int32_t together = 64;
 
+// The pixels that show that many points.
+using Shades = std::array<std::uint32_t, across * down + 1>;
+
+// Some pixels of a row. Most of a picture of a few curves is blank.
+void shade(const std::uint8_t* points, std::size_t stride, const Shades& shades,
+           std::uint8_t* pixels, std::size_t count) {
+    std::array<std::uint8_t, together> any{};
+    for (std::size_t i = 0; i < any.size(); ++i)
+        any[i] = points[i] | points[i + stride] | points[i + 2 * stride] | points[i + 3 * stride];
+    static constexpr std::array<std::uint8_t, together> blank{};
+    if (std::memcmp(any.data(), blank.data(), count) == 0) {
+        std::memset(pixels, 0, 4 * count);
+        return;
+    }
+    std::array<std::uint8_t, together> missing{};
+    for (std::size_t i = 0; i < missing.size(); ++i)
+        missing[i] = static_cast<std::uint8_t>(
+            missingPoints(points[i]) + missingPoints(points[i + stride]) +
+            missingPoints(points[i + 2 * stride]) + missingPoints(points[i + 3 * stride]));
+    for (std::size_t i = 0; i < count; ++i)
+        std::memcpy(pixels + 4 * i, &shades[across * down - missing[i]], 4);
+}
+
 // Keeps counts from growing where they are high already, and tells the least one.
 std::uint8_t capped(std::array<std::uint8_t, together>& counts) {
     constexpr std::uint8_t high = 64;
@@ -88,17 +115,20 @@ void MaskRaster::begin(const Rect& area, double penWidth) {
     mask.assign(
         static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows * down) + spareBytes, 0);
     bands = (rows * down + bandRows - 1) / bandRows;
-    const auto stride = static_cast<std::size_t>(columns);
-    openInBand.resize(static_cast<std::size_t>(bands) * stride);
-    for (std::size_t i = 0; i < openInBand.size(); ++i)
-        openInBand[i] = static_cast<std::int32_t>(i % stride);
+    openInBand.clear();
     core = {};
-    openColumns = openInBand.size();
+    least = {unreached, unreached};
+    greatest = {-unreached, -unreached};
+    openColumns = static_cast<std::size_t>(bands) * static_cast<std::size_t>(columns);
     work = 0;
     patience = leastPatience();
 }
 
 void MaskRaster::add(std::span<const Point> piece) {
+    for (const Point& p : piece) {
+        least = {std::min(least.x, p.x), std::min(least.y, p.y)};
+        greatest = {std::max(greatest.x, p.x), std::max(greatest.y, p.y)};
+    }
     // What lies deep enough in the core is hidden with its joins and ends.
     const double margin = 1.5 * half;
     if (piece.size() == 1)
@@ -140,6 +170,8 @@ bool MaskRaster::isFilled(int band, double low, double high) const {
     const double limit = columns - 1;
     if (!(high >= left && low <= left + limit + 1.0))
         return true;
+    if (openInBand.empty())
+        return false;
     const auto first = static_cast<std::size_t>(std::clamp(low - left, 0.0, limit));
     const int last = static_cast<int>(std::min(high - left, limit));
     return openInBand[static_cast<std::size_t>(band) * static_cast<std::size_t>(columns) + first] >
@@ -333,6 +365,11 @@ void MaskRaster::lookForFilledParts() {
     const std::size_t openBefore = openColumns;
     openColumns = 0;
     const auto stride = static_cast<std::size_t>(columns);
+    if (openInBand.empty()) {
+        openInBand.resize(static_cast<std::size_t>(bands) * stride);
+        for (auto band = openInBand.begin(); band != openInBand.end(); band += columns)
+            std::iota(band, band + columns, 0);
+    }
     for (int band = 0; band < bands; ++band) {
         std::int32_t* next = openInBand.data() + static_cast<std::size_t>(band) * stride;
         if (next[0] == columns)
@@ -409,36 +446,22 @@ void MaskRaster::lookForCore() {
     }
 }
 
-// What was drawn: whole pixels of the picture.
+// The whole pixels of the picture that the path can have reached.
 MaskRaster::Box MaskRaster::drawnBox() const {
-    const auto stride = static_cast<std::size_t>(columns);
-    const auto isBlank = [](std::uint8_t points) { return points == 0; };
-    std::vector<std::uint8_t> seen(stride);
-    Box box{0, rows, 0, 0};
-    for (int row = 0; row < rows; ++row) {
-        const auto line = mask.begin() + static_cast<std::ptrdiff_t>(
-                                             static_cast<std::size_t>(row * down) * stride);
-        const auto end = line + static_cast<std::ptrdiff_t>(down * stride);
-        if (std::all_of(line, end, isBlank))
-            continue;
-        box.top = std::min(box.top, row);
-        box.bottom = row + 1;
-        for (std::size_t i = 0; i < down * stride; i += stride)
-            for (std::size_t k = 0; k < stride; ++k)
-                seen[k] =
-                    static_cast<std::uint8_t>(seen[k] | line[static_cast<std::ptrdiff_t>(i + k)]);
-    }
-    const auto first = std::find_if_not(seen.begin(), seen.end(), isBlank);
-    const auto last = std::find_if_not(seen.rbegin(), seen.rend(), isBlank);
-    box.left = static_cast<int>(first - seen.begin());
-    box.right = static_cast<int>(seen.rend() - last);
-    return box;
+    const auto pixel = [](double place, int from, int count) {
+        return static_cast<int>(std::clamp(place - from, 0.0, static_cast<double>(count)));
+    };
+    const double reach = 1.5 * half;
+    return {pixel(std::floor(least.x - reach), left, columns),
+            pixel(std::floor(least.y - reach), top, rows),
+            pixel(std::ceil(greatest.x + reach), left, columns),
+            pixel(std::ceil(greatest.y + reach), top, rows)};
 }
 
 Picture MaskRaster::finish(const Color& color) {
     Picture picture;
     const Box box = drawnBox();
-    if (box.top >= box.bottom)
+    if (box.left >= box.right || box.top >= box.bottom)
         return picture;
     picture.width = box.right - box.left;
     picture.height = box.bottom - box.top;
@@ -447,23 +470,21 @@ Picture MaskRaster::finish(const Color& color) {
     const auto stride = static_cast<std::size_t>(columns);
     const auto width = static_cast<std::size_t>(picture.width);
     picture.buffer = takePictureBuffer(width * static_cast<std::size_t>(picture.height) * 4);
-    std::array<std::uint32_t, across * down + 1> shades{};
+    Shades shades{};
     for (std::size_t hits = 0; hits < shades.size(); ++hits) {
         const double share = static_cast<double>(hits) / (across * down);
         shades[hits] = packedPixel(
             color, static_cast<unsigned>(std::lround(color.alpha() * strength * share)));
     }
-    std::vector<std::uint8_t> missing(width);
-    std::uint8_t* pixels = picture.buffer.pixels;
     for (int row = box.top; row < box.bottom; ++row) {
         const std::uint8_t* points = mask.data() + static_cast<std::size_t>(row * down) * stride +
                                      static_cast<std::size_t>(box.left);
-        for (std::size_t i = 0; i < width; ++i)
-            missing[i] = static_cast<std::uint8_t>(
-                missingPoints(points[i]) + missingPoints(points[i + stride]) +
-                missingPoints(points[i + 2 * stride]) + missingPoints(points[i + 3 * stride]));
-        for (std::size_t i = 0; i < width; ++i, pixels += 4)
-            std::memcpy(pixels, &shades[across * down - missing[i]], 4);
+        std::uint8_t* pixels =
+            picture.buffer.pixels + static_cast<std::size_t>(row - box.top) * width * 4;
+        for (std::size_t first = 0; first < width; first += together) {
+            const std::size_t count = std::min<std::size_t>(together, width - first);
+            shade(points + first, stride, shades, pixels + 4 * first, count);
+        }
     }
     return picture;
 }

@@ -57,9 +57,13 @@ private:
     // A byte for the points of a pixel in a row of points, and some more that are written with the
     // last ones.
     std::vector<std::uint8_t> mask;
-    // By bands of rows: for every column of pixels, the first from there on that is not filled.
+    // By bands of rows: for every column of pixels, the first from there on that is not filled;
+    // nothing before the first look.
     std::vector<std::int32_t> openInBand;
     int bands = 0;
+    // What lies between the points of the path.
+    Point least;
+    Point greatest;
     // A part of the picture, filled all over, that segments pass by at once.
     Rect core;
     std::size_t openColumns = 0;

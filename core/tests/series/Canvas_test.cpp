@@ -204,3 +204,14 @@ TEST(Canvas, ShapesWithoutFiniteCornersAreNotDrawn) {
               0u)
         << bench.text();
 }
+
+TEST(Canvas, ADashedPathOfManyPointsIsOnePictureOfItsOwnSize) {
+    Bench bench({0.0, 0.0, 400.0, 300.0});
+    std::vector<Point> path;
+    for (int i = 0; i < 100; ++i)
+        path.push_back({100.0 + i, i % 2 == 0 ? 50.0 : 150.0});
+    Pen pen(ink, 2.0);
+    pen.setStyle(PenStyle::Dash);
+    bench.canvas.drawPolyline(path, pen);
+    EXPECT_EQ(bench.text(), "drawImage 103x104 149.5,100\n");
+}
