@@ -10,7 +10,7 @@ namespace {
 
 // Distances between labels along an axis, in font sizes; ticks are asked for a little farther
 // apart.
-constexpr double labelGap = 0.8;
+constexpr double leastLabelDistance = 0.8;
 constexpr double horizontalTickDistance = 5.0;
 constexpr double verticalTickDistance = 3.0;
 constexpr int fewestTicks = 3;
@@ -30,7 +30,7 @@ int mostTicks(double length, double fontSize, bool horizontal, bool isCategorica
 
 // Whether neighbouring labels keep their distance.
 bool fits(const AxisLayout& layout, const Font& font) {
-    const double gap = labelGap * font.pixelSize();
+    const double gap = leastLabelDistance * font.pixelSize();
     const double height = lineHeight(font) * (layout.hasGroups ? 2.0 : 1.0);
     bool isFirst = true;
     double previousPixel = 0.0;

@@ -12,10 +12,7 @@ namespace zembra {
 namespace {
 
 // Units: logical pixels.
-constexpr double tickLength = 5.0;
 constexpr double minorTickLength = 3.0;
-constexpr double labelGap = 4.0;
-constexpr double titleGap = 4.0;
 constexpr double upwards = -0.5 * std::numbers::pi;
 
 // A line one pixel wide is crisp when it runs through pixel centres.

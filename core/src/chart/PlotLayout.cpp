@@ -15,9 +15,6 @@ namespace {
 
 // Units: logical pixels.
 constexpr double pad = 12.0;
-constexpr double tickLength = 5.0;
-constexpr double labelGap = 4.0;
-constexpr double titleGap = 4.0;
 constexpr double smallestCanvas = 28.0;
 constexpr double colorBarGap = 14.0;
 constexpr double colorBarWidth = 14.0;

@@ -26,6 +26,11 @@ constexpr bool isHorizontalAxis(int axis) {
     return axis >= 2;
 }
 
+// What an axis needs beside the canvas, in logical pixels.
+constexpr double tickLength = 5.0;
+constexpr double labelGap = 4.0;
+constexpr double titleGap = 4.0;
+
 /// Lines of text that share a left edge.
 struct TextBlock {
     std::vector<std::string> lines;

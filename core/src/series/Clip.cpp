@@ -8,10 +8,6 @@ namespace zembra {
 
 namespace {
 
-bool isFinite(const Point& p) {
-    return std::isfinite(p.x) && std::isfinite(p.y);
-}
-
 // Narrows the share [enter, leave] of a segment to where it runs on the inner side of one edge.
 // `along` is how fast the segment leaves over the edge, `room` how far it still is from it.
 bool narrow(double along, double room, double& enter, double& leave) {
@@ -69,7 +65,7 @@ std::optional<std::pair<Point, Point>> clipSegment(const Point& from, const Poin
 }
 
 std::vector<Point> clipPolygon(const std::vector<Point>& points, const Rect& area) {
-    if (!std::all_of(points.begin(), points.end(), isFinite))
+    if (!std::all_of(points.begin(), points.end(), [](const Point& p) { return isFinite(p); }))
         return {};
     std::vector<Point> result = points;
     std::vector<Point> scratch;

@@ -3,11 +3,17 @@
 
 #include <zembra/paint/Geometry.h>
 
+#include <cmath>
 #include <optional>
 #include <utility>
 #include <vector>
 
 namespace zembra {
+
+/// Whether both coordinates are numbers and finite.
+inline bool isFinite(const Point& p) {
+    return std::isfinite(p.x) && std::isfinite(p.y);
+}
 
 /// The part of a segment inside `area`, or nothing.
 ///

@@ -9,14 +9,14 @@ namespace zembra {
 
 namespace {
 
-constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t noEdge = std::numeric_limits<std::size_t>::max();
 
 } // namespace
 
 // Nodes are counted in a lattice with the frame around it, so node (0, 0) is one of the frame.
 ContourTracer::ContourTracer(const Lattice& lattice)
     : lattice(lattice),
-      neighbours((lattice.columns() + 2) * (lattice.rows() + 2) * 2, {none, none}) {}
+      neighbours((lattice.columns() + 2) * (lattice.rows() + 2) * 2, {noEdge, noEdge}) {}
 
 const std::vector<std::vector<Point>>& ContourTracer::lines(double value) {
     level = value;
@@ -75,9 +75,9 @@ Point ContourTracer::crossing(Edge edge) const {
 void ContourTracer::join(Edge a, Edge b) {
     const auto link = [this](Edge from, Edge to) {
         auto& slots = neighbours[from];
-        if (slots[0] == none && slots[1] == none)
+        if (slots[0] == noEdge && slots[1] == noEdge)
             touched.push_back(from);
-        (slots[0] == none ? slots[0] : slots[1]) = to;
+        (slots[0] == noEdge ? slots[0] : slots[1]) = to;
     };
     link(a, b);
     link(b, a);
@@ -125,12 +125,12 @@ std::vector<Point> ContourTracer::follow(Edge start) {
     Edge current = start;
     while (true) {
         auto& slots = neighbours[current];
-        const Edge next = slots[0] != none ? slots[0] : slots[1];
-        if (next == none)
+        const Edge next = slots[0] != noEdge ? slots[0] : slots[1];
+        if (next == noEdge)
             return line;
-        (slots[0] != none ? slots[0] : slots[1]) = none;
+        (slots[0] != noEdge ? slots[0] : slots[1]) = noEdge;
         auto& back = neighbours[next];
-        (back[0] == current ? back[0] : back[1]) = none;
+        (back[0] == current ? back[0] : back[1]) = noEdge;
         current = next;
         line.push_back(crossing(current));
     }
@@ -147,10 +147,10 @@ void ContourTracer::trace() {
             march(column, row);
     // Open lines first, from their ends; what is left are rings.
     for (const Edge edge : touched)
-        if ((neighbours[edge][0] == none) != (neighbours[edge][1] == none))
+        if ((neighbours[edge][0] == noEdge) != (neighbours[edge][1] == noEdge))
             found.push_back(follow(edge));
     for (const Edge edge : touched)
-        if (neighbours[edge][0] != none)
+        if (neighbours[edge][0] != noEdge)
             found.push_back(follow(edge));
 }
 

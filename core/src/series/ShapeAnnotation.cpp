@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/series/ShapeAnnotation.h>
 
+#include "Clip.h"
+
 #include <zembra/paint/Pen.h>
 #include <zembra/series/Canvas.h>
 
@@ -25,9 +27,8 @@ struct ShapeAnnotation::Private {
 
 void ShapeAnnotation::Private::drawPolygon(Canvas& canvas, std::vector<Point> points,
                                            const Color& color) const {
-    if (points.size() < 3 || !std::all_of(points.begin(), points.end(), [](const Point& p) {
-            return std::isfinite(p.x) && std::isfinite(p.y);
-        }))
+    if (points.size() < 3 ||
+        !std::all_of(points.begin(), points.end(), [](const Point& p) { return isFinite(p); }))
         return;
     if (opacity > 0.0)
         canvas.fillPolygon(points, filling(color));

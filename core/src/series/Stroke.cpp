@@ -24,10 +24,6 @@ constexpr double tolerance = 0.025;
 constexpr std::size_t chunkSize = 16;
 constexpr double chunkLength = 300.0;
 
-bool isFinite(const Point& p) {
-    return std::isfinite(p.x) && std::isfinite(p.y);
-}
-
 double distance(const Point& a, const Point& b) {
     return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
 }
