@@ -9,6 +9,11 @@ function(zembra_strict_warnings target)
     target_compile_options(${target} PRIVATE
         $<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang,AppleClang>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wnon-virtual-dtor;-Woverloaded-virtual>
         $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<BOOL:${ZEMBRA_WARNINGS_AS_ERRORS}>>:-Werror>)
+    if(CMAKE_UNITY_BUILD)
+        # Takes a source that is compiled along with others for a header.
+        target_compile_options(${target} PRIVATE
+            $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-subobject-linkage>)
+    endif()
     if(ZEMBRA_SANITIZERS)
         target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fsanitize=${ZEMBRA_SANITIZERS};-fno-sanitize-recover=all;-fno-omit-frame-pointer>)
         target_link_options(${target} PRIVATE -fsanitize=${ZEMBRA_SANITIZERS})
@@ -16,8 +21,9 @@ function(zembra_strict_warnings target)
 endfunction()
 
 # For folders of tests: they run for a moment, so what counts is how fast they compile. What they
-# test is optimised as ever.
+# test is optimised as ever. Their sources may use the same names, so each is compiled by itself.
 macro(zembra_compile_quickly)
+    set(CMAKE_UNITY_BUILD OFF)
     add_compile_options($<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang,AppleClang>:-O0>)
 endmacro()
 
