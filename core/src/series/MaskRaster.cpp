@@ -7,18 +7,14 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
-#include <numeric>
 
 namespace zembra {
 
 namespace {
 
-constexpr int across = 8;
-constexpr int down = 4;
-// What is filled is known by columns of a pixel's width and this many rows of points.
-constexpr int bandRows = 8 * down;
-// So few missing points of a filled column are below the shades that a picture has.
-constexpr int mostMissing = bandRows * across / 128;
+constexpr int across = pointsAcross;
+constexpr int down = pointsDown;
+constexpr int bandRows = FilledParts::bandRows;
 // Thinner strokes would slip through between the points; they are drawn fainter instead.
 constexpr double thinnest = 0.5;
 
@@ -34,8 +30,6 @@ Range ordered(double a, double b) {
     return a < b ? Range{a, b} : Range{b, a};
 }
 
-// Points are looked at so many bytes at a time, also at the end of the last row.
-constexpr std::size_t spareBytes = 64;
 // As many points in a row of them are set by one look at memory.
 constexpr unsigned few = 8 * sizeof(std::uint64_t) - across;
 
@@ -54,49 +48,27 @@ void fillFew(std::uint8_t* line, unsigned first, unsigned count) {
     }
 }
 
-// Counted by hand, so that the compiler counts many bytes at once.
-unsigned missingPoints(std::uint8_t byte) {
-    unsigned bits = static_cast<std::uint8_t>(~byte);
-    bits = (bits & 0x55u) + (bits >> 1 & 0x55u);
-    bits = (bits & 0x33u) + (bits >> 2 & 0x33u);
-    return (bits & 0x0Fu) + (bits >> 4);
-}
-
-// Columns that are looked at together.
-constexpr std::int32_t together = 64;
-
 // The pixels that show that many points.
 using Shades = std::array<std::uint32_t, across * down + 1>;
 
 // Some pixels of a row. Most of a picture of a few curves is blank.
 void shade(const std::uint8_t* points, std::size_t stride, const Shades& shades,
            std::uint8_t* pixels, std::size_t count) {
-    std::array<std::uint8_t, together> any{};
+    std::array<std::uint8_t, maskTogether> any{};
     for (std::size_t i = 0; i < any.size(); ++i)
         any[i] = points[i] | points[i + stride] | points[i + 2 * stride] | points[i + 3 * stride];
-    static constexpr std::array<std::uint8_t, together> blank{};
+    static constexpr std::array<std::uint8_t, maskTogether> blank{};
     if (std::memcmp(any.data(), blank.data(), count) == 0) {
         std::memset(pixels, 0, 4 * count);
         return;
     }
-    std::array<std::uint8_t, together> missing{};
+    std::array<std::uint8_t, maskTogether> missing{};
     for (std::size_t i = 0; i < missing.size(); ++i)
         missing[i] = static_cast<std::uint8_t>(
             missingPoints(points[i]) + missingPoints(points[i + stride]) +
             missingPoints(points[i + 2 * stride]) + missingPoints(points[i + 3 * stride]));
     for (std::size_t i = 0; i < count; ++i)
         std::memcpy(pixels + 4 * i, &shades[across * down - missing[i]], 4);
-}
-
-// Keeps counts from growing where they are high already, and tells the least one.
-std::uint8_t capped(std::array<std::uint8_t, together>& counts) {
-    constexpr std::uint8_t high = 64;
-    std::uint8_t least = high;
-    for (std::uint8_t& count : counts) {
-        count = count < high ? count : high;
-        least = count < least ? count : least;
-    }
-    return least;
 }
 
 double distance(const Point& a, const Point& b) {
@@ -112,16 +84,12 @@ void MaskRaster::begin(const Rect& area, double penWidth) {
     rows = std::max(0, static_cast<int>(std::ceil(area.bottom())) - top);
     half = 0.5 * std::max(penWidth, thinnest);
     strength = std::min(penWidth / thinnest, 1.0);
-    mask.assign(
-        static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows * down) + spareBytes, 0);
-    bands = (rows * down + bandRows - 1) / bandRows;
-    openInBand.clear();
-    core = {};
+    mask.assign(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows * down) +
+                    maskTogether,
+                0);
+    filled.begin(left, top, columns, rows);
     least = {unreached, unreached};
     greatest = {-unreached, -unreached};
-    openColumns = static_cast<std::size_t>(bands) * static_cast<std::size_t>(columns);
-    work = 0;
-    patience = leastPatience();
 }
 
 void MaskRaster::add(std::span<const Point> piece) {
@@ -133,10 +101,10 @@ void MaskRaster::add(std::span<const Point> piece) {
     const double margin = 1.5 * half;
     if (piece.size() == 1)
         addSegment({piece[0].x - half, piece[0].y}, {piece[0].x + half, piece[0].y});
-    for (std::size_t i = 1; i < piece.size() && openColumns > 0; ++i) {
+    for (std::size_t i = 1; i < piece.size() && !filled.isAll(); ++i) {
         Point a = piece[i - 1];
         Point b = piece[i];
-        if (core.grown(-margin).contains(a) && core.grown(-margin).contains(b))
+        if (filled.core().grown(-margin).contains(a) && filled.core().grown(-margin).contains(b))
             continue;
         const double length = distance(a, b);
         if (!(length > 0.0))
@@ -145,7 +113,7 @@ void MaskRaster::add(std::span<const Point> piece) {
         if (i + 1 < piece.size()) {
             const Point& c = piece[i + 1];
             const double next = distance(b, c);
-            if (next > 0.0 && !isFilled({b.x - half, b.y - half, 2.0 * half, 2.0 * half})) {
+            if (next > 0.0 && !filled.hides({b.x - half, b.y - half, 2.0 * half, 2.0 * half})) {
                 const Point n{-along.y, along.x};
                 const Point m{-(c.y - b.y) / next * half, (c.x - b.x) / next * half};
                 // Nearly straight joins leave no wedge that a point could fall into.
@@ -160,31 +128,8 @@ void MaskRaster::add(std::span<const Point> piece) {
         if (i == 1)
             a = {a.x - along.x, a.y - along.y};
         addSegment(a, b);
-        if (work > patience)
-            lookForFilledParts();
+        filled.look(mask);
     }
-}
-
-// Whether every point from `low` to `high` is reached already in a band.
-bool MaskRaster::isFilled(int band, double low, double high) const {
-    const double limit = columns - 1;
-    if (!(high >= left && low <= left + limit + 1.0))
-        return true;
-    if (openInBand.empty())
-        return false;
-    const auto first = static_cast<std::size_t>(std::clamp(low - left, 0.0, limit));
-    const int last = static_cast<int>(std::min(high - left, limit));
-    return openInBand[static_cast<std::size_t>(band) * static_cast<std::size_t>(columns) + first] >
-           last;
-}
-
-bool MaskRaster::isFilled(const Rect& part) const {
-    const int first = std::max(0, static_cast<int>((part.top() - top) * down) / bandRows);
-    const int last = std::min(bands - 1, static_cast<int>((part.bottom() - top) * down) / bandRows);
-    for (int band = first; band <= last; ++band)
-        if (!isFilled(band, part.left(), part.right()))
-            return false;
-    return true;
 }
 
 void MaskRaster::addSegment(const Point& a, const Point& b) {
@@ -219,7 +164,7 @@ void MaskRaster::addSegment(const Point& a, const Point& b) {
         fill(row, std::max(middle - width, ends.low), std::min(middle + width, ends.high));
     };
     const auto addRows = [&](int begin, int end) {
-        work += static_cast<std::size_t>(end - begin + 1);
+        filled.passBy(end - begin + 1);
         int row = begin;
         for (; row <= end && row < innerFirst; ++row)
             addRow(row);
@@ -236,8 +181,8 @@ void MaskRaster::addSegment(const Point& a, const Point& b) {
         for (int begin = from; begin <= to;) {
             const int end = std::min(to, begin / bandRows * bandRows + bandRows - 1);
             const auto [low, high] = ordered(middleAt(begin), middleAt(end));
-            if (isFilled(begin / bandRows, std::max(low - width, west),
-                         std::min(high + width, east))) {
+            if (filled.hides(begin / bandRows, std::max(low - width, west),
+                             std::min(high + width, east))) {
                 if (open < begin)
                     addRows(open, begin - 1);
                 open = end + 1;
@@ -248,6 +193,7 @@ void MaskRaster::addSegment(const Point& a, const Point& b) {
             addRows(open, to);
     };
     // The rows where the stripe along the segment lies within the core.
+    const Rect& core = filled.core();
     double hiddenLow = core.top();
     double hiddenHigh = core.bottom();
     const double coreLeft = core.left() + width;
@@ -264,7 +210,7 @@ void MaskRaster::addSegment(const Point& a, const Point& b) {
     const int hiddenEnd = passes ? rowFrom(hiddenHigh) : last + 1;
     addBands(first, std::min(hiddenFirst - 1, last));
     addBands(std::max(hiddenFirst, hiddenEnd), last);
-    ++work;
+    filled.passBy(1);
 }
 
 void MaskRaster::addTriangle(const Point& a, const Point& b, const Point& c) {
@@ -355,97 +301,6 @@ void MaskRaster::fillPoints(int row, unsigned first, unsigned end) {
     line[lastByte] = static_cast<std::uint8_t>(line[lastByte] | tail);
 }
 
-// A look costs about as much as passing by this many rows.
-std::size_t MaskRaster::leastPatience() const {
-    return mask.size() / 8 + 1;
-}
-
-void MaskRaster::lookForFilledParts() {
-    work = 0;
-    const std::size_t openBefore = openColumns;
-    openColumns = 0;
-    const auto stride = static_cast<std::size_t>(columns);
-    if (openInBand.empty()) {
-        openInBand.resize(static_cast<std::size_t>(bands) * stride);
-        for (auto band = openInBand.begin(); band != openInBand.end(); band += columns)
-            std::iota(band, band + columns, 0);
-    }
-    for (int band = 0; band < bands; ++band) {
-        std::int32_t* next = openInBand.data() + static_cast<std::size_t>(band) * stride;
-        if (next[0] == columns)
-            continue;
-        const int begin = band * bandRows;
-        const int end = std::min(begin + bandRows, rows * down);
-        std::int32_t open = columns;
-        for (std::int32_t group = (columns - 1) / together * together; group >= 0;
-             group -= together) {
-            const std::int32_t last = std::min(group + together, columns);
-            if (next[group] >= last) {
-                std::fill(next + group, next + last, open);
-                continue;
-            }
-            const std::uint8_t* points = mask.data() + static_cast<std::size_t>(begin) * stride +
-                                         static_cast<std::size_t>(group);
-            std::array<std::uint8_t, together> missing{};
-            bool hopeful = true;
-            for (int row = begin; row < end && hopeful; ++row, points += stride) {
-                for (std::size_t i = 0; i < missing.size(); ++i)
-                    missing[i] = static_cast<std::uint8_t>(missing[i] + missingPoints(points[i]));
-                // Long before a byte runs over.
-                if (row % 8 == 7)
-                    hopeful = capped(missing) <= mostMissing;
-            }
-            for (std::int32_t i = last - 1; i >= group; --i) {
-                if (missing[static_cast<std::size_t>(i - group)] > mostMissing) {
-                    open = i;
-                    ++openColumns;
-                } else if (next[i] == i) {
-                    for (int row = begin; row < end; ++row)
-                        mask[static_cast<std::size_t>(row) * stride + static_cast<std::size_t>(i)] =
-                            0xFF;
-                }
-                next[i] = open;
-            }
-        }
-    }
-    lookForCore();
-    // Where looking found little, look less often.
-    patience = openColumns > openBefore - openBefore / 8 ? 2 * patience : leastPatience();
-}
-
-// Of the longest filled part of each band, what several bands in a row have in common.
-void MaskRaster::lookForCore() {
-    struct Run {
-        std::int32_t begin = 0;
-        std::int32_t end = 0;
-    };
-    std::vector<Run> longest(static_cast<std::size_t>(bands));
-    for (std::size_t band = 0; band < longest.size(); ++band) {
-        const std::int32_t* next = openInBand.data() + band * static_cast<std::size_t>(columns);
-        for (std::int32_t i = 0; i < columns; i = next[i] + 1)
-            if (next[i] - i > longest[band].end - longest[band].begin)
-                longest[band] = {i, next[i]};
-    }
-    double largest = 0.0;
-    for (int first = 0; first < bands; ++first) {
-        Run common{0, columns};
-        for (int band = first; band < bands; ++band) {
-            const Run& run = longest[static_cast<std::size_t>(band)];
-            common = {std::max(common.begin, run.begin), std::min(common.end, run.end)};
-            const double width = common.end - common.begin;
-            const double begin = static_cast<double>(first * bandRows) / down;
-            const double end =
-                std::min<double>(static_cast<double>((band + 1) * bandRows) / down, rows);
-            if (width <= 0.0)
-                break;
-            if (width * (end - begin) > largest) {
-                largest = width * (end - begin);
-                core = {left + static_cast<double>(common.begin), top + begin, width, end - begin};
-            }
-        }
-    }
-}
-
 // The whole pixels of the picture that the path can have reached.
 MaskRaster::Box MaskRaster::drawnBox() const {
     const auto pixel = [](double place, int from, int count) {
@@ -481,8 +336,8 @@ Picture MaskRaster::finish(const Color& color) {
                                      static_cast<std::size_t>(box.left);
         std::uint8_t* pixels =
             picture.buffer.pixels + static_cast<std::size_t>(row - box.top) * width * 4;
-        for (std::size_t first = 0; first < width; first += together) {
-            const std::size_t count = std::min<std::size_t>(together, width - first);
+        for (std::size_t first = 0; first < width; first += maskTogether) {
+            const std::size_t count = std::min<std::size_t>(maskTogether, width - first);
             shade(points + first, stride, shades, pixels + 4 * first, count);
         }
     }

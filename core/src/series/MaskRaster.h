@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FilledParts.h"
 #include "Picture.h"
+#include "PointMask.h"
 
 #include <zembra/paint/Geometry.h>
 
-#include <cstddef>
-#include <cstdint>
 #include <span>
-#include <vector>
 
 namespace zembra {
 
@@ -38,14 +37,9 @@ private:
 
     void addSegment(const Point& a, const Point& b);
     void addTriangle(const Point& a, const Point& b, const Point& c);
-    bool isFilled(int band, double low, double high) const;
-    bool isFilled(const Rect& part) const;
     void fillStripe(int begin, int end, double middle, double step, double width);
     void fill(int row, double from, double to);
     void fillPoints(int row, unsigned first, unsigned end);
-    std::size_t leastPatience() const;
-    void lookForFilledParts();
-    void lookForCore();
     Box drawnBox() const;
 
     int left = 0;
@@ -54,22 +48,11 @@ private:
     int rows = 0;
     double half = 0.5;
     double strength = 1.0;
-    // A byte for the points of a pixel in a row of points, and some more that are written with the
-    // last ones.
-    std::vector<std::uint8_t> mask;
-    // By bands of rows: for every column of pixels, the first from there on that is not filled;
-    // nothing before the first look.
-    std::vector<std::int32_t> openInBand;
-    int bands = 0;
+    PointMask mask;
+    FilledParts filled;
     // What lies between the points of the path.
     Point least;
     Point greatest;
-    // A part of the picture, filled all over, that segments pass by at once.
-    Rect core;
-    std::size_t openColumns = 0;
-    // Rows of points that segments came by, since the last look for filled parts.
-    std::size_t work = 0;
-    std::size_t patience = 0;
 };
 
 } // namespace zembra
