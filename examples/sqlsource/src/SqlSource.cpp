@@ -35,15 +35,22 @@ void SqlSource::open(const QString& file, qint64 rows) {
     const quint64 ticket = latest;
     if (database->error().isEmpty() && database->rowCount() == 0)
         database->fill(rows, [&](double share) {
-            Q_EMIT progressed(share, true);
+            tellProgress(share, true);
             return latest == ticket;
         });
     zembra::Interval x;
     if (database->error().isEmpty())
         x = database->xRange();
     else
-        Q_EMIT failed(database->error());
+        QMetaObject::invokeMethod(this,
+                                  [this, message = database->error()] { Q_EMIT failed(message); });
     QMetaObject::invokeMethod(this, [this, x] { start(x); });
+}
+
+// Signals come from the GUI thread, so that none is missed by who connects after the constructor.
+void SqlSource::tellProgress(double share, bool isFilling) {
+    QMetaObject::invokeMethod(this,
+                              [this, share, isFilling] { Q_EMIT progressed(share, isFilling); });
 }
 
 // The overview comes first: it is what there is to show wherever a view goes.
@@ -62,7 +69,7 @@ void SqlSource::start(const zembra::Interval& x) {
 
 void SqlSource::reduce(const ColumnRequest& request, quint64 ticket) {
     auto columns = database->reduce(request, [&](double share) {
-        Q_EMIT progressed(share, false);
+        tellProgress(share, false);
         return latest == ticket;
     });
     Answer answer;

@@ -42,6 +42,7 @@ private:
 
     void open(const QString& file, qint64 rows);
     void reduce(const zembra::ColumnRequest& request, quint64 ticket);
+    void tellProgress(double share, bool isFilling);
     void start(const zembra::Interval& x);
     void take(const zembra::ColumnRequest& request, quint64 ticket, Answer answer);
 
