@@ -200,6 +200,15 @@ double meanError(const QImage& image, Shade shade) {
     return touched > 0 ? sum / touched : 0.0;
 }
 
+/// How far the picture of a line is from the exact stroke of all its samples.
+double errorOfLine(const Data& data, const ScaleMap& x, double width) {
+    LineSeries series(data.x, data.y);
+    series.setWidth(width);
+    const ExactStroke exact(data, x, width);
+    return meanError(drawn(series, x, Color()),
+                     [&exact](int column, int row) { return exact.shade(column, row); });
+}
+
 } // namespace
 
 class LineRendering : public QObject {
@@ -236,13 +245,7 @@ void LineRendering::aDenseLineLooksLikeTheStrokeOfAllSamples() {
     QFETCH(int, count);
     QFETCH(double, width);
     const Data data = samplesOf(kind, static_cast<std::size_t>(count));
-    LineSeries series(data.x, data.y);
-    series.setWidth(width);
-    const ScaleMap x = mapX(-0.01, 1.01);
-    const ExactStroke exact(data, x, width);
-    const double error = meanError(drawn(series, x, Color()), [&exact](int column, int row) {
-        return exact.shade(column, row);
-    });
+    const double error = errorOfLine(data, mapX(-0.01, 1.01), width);
     QVERIFY2(error < (width > 1.0 ? 0.02 : 0.01), qPrintable(QString::number(100.0 * error)));
 }
 
@@ -262,14 +265,8 @@ void LineRendering::aDensePathThatGoesToAndFroLooksLikeTheStrokeOfAllSamples() {
     QFETCH(int, count);
     QFETCH(double, width);
     const Data data = unsortedSamplesOf(kind, static_cast<std::size_t>(count));
-    LineSeries series(data.x, data.y);
-    series.setWidth(width);
     // A part of the path lies beside the picture.
-    const ScaleMap x = mapX(0.05, 1.1);
-    const ExactStroke exact(data, x, width);
-    const double error = meanError(drawn(series, x, Color()), [&exact](int column, int row) {
-        return exact.shade(column, row);
-    });
+    const double error = errorOfLine(data, mapX(0.05, 1.1), width);
     // Thirty-two points of each pixel are looked at.
     QVERIFY2(error < 0.02, qPrintable(QString::number(100.0 * error)));
 }
