@@ -9,7 +9,8 @@ function(zembra_strict_warnings target)
     target_compile_options(${target} PRIVATE
         $<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang,AppleClang>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wnon-virtual-dtor;-Woverloaded-virtual>
         $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<BOOL:${ZEMBRA_WARNINGS_AS_ERRORS}>>:-Werror>)
-    if(CMAKE_UNITY_BUILD)
+    get_target_property(unity ${target} UNITY_BUILD)
+    if(unity)
         # Takes a source that is compiled along with others for a header.
         target_compile_options(${target} PRIVATE
             $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-subobject-linkage>)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/Numbers.h"
 #include "support/RecordingPainter.h"
 
 #include <zembra/chart/Plot.h>
@@ -9,17 +10,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 
 using namespace zembra;
-using zembra::test::RecordingPainter;
+using namespace zembra::test;
 
 namespace {
 
 using Range = std::pair<double, double>;
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 } // namespace
 

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "support/Numbers.h"
+
 #include <zembra/data/Samples.h>
 
 #include <gtest/gtest.h>
@@ -8,11 +10,9 @@
 #include <random>
 
 using namespace zembra;
+using namespace zembra::test;
 
 namespace {
-
-constexpr double missing = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 std::vector<double> roughValues(std::size_t count, unsigned seed) {
     std::mt19937 generator(seed);
@@ -20,7 +20,10 @@ std::vector<double> roughValues(std::size_t count, unsigned seed) {
     std::vector<double> values(count);
     for (double& v : values) {
         const auto dice = generator() % 50;
-        v = dice == 0 ? missing : dice == 1 ? infinity : dice == 2 ? -infinity : normal(generator);
+        v = dice == 0   ? notANumber
+            : dice == 1 ? infinity
+            : dice == 2 ? -infinity
+                        : normal(generator);
     }
     return values;
 }
@@ -81,11 +84,11 @@ TEST(Samples, AreSortedWhereNoXIsBelowItsPredecessor) {
     } cases[] = {
         {{}, true},
         {{1.0}, true},
-        {{missing}, false},
+        {{notANumber}, false},
         {{1.0, 1.0}, true},
         {{1.0, 0.5}, false},
-        {{1.0, missing, 2.0}, false},
-        {{missing, 1.0}, false},
+        {{1.0, notANumber, 2.0}, false},
+        {{notANumber, 1.0}, false},
         {{-1.0, 3.0, 4.0}, true},
     };
     for (const auto& c : cases) {
@@ -103,7 +106,7 @@ TEST(Samples, AreSortedWhereNoXIsBelowItsPredecessor) {
     }
     EXPECT_TRUE(Samples::evenlySpaced(5.0, 0.1, x).isSorted());
     EXPECT_FALSE(Samples::evenlySpaced(5.0, -0.1, x).isSorted());
-    EXPECT_FALSE(Samples::evenlySpaced(5.0, missing, x).isSorted());
+    EXPECT_FALSE(Samples::evenlySpaced(5.0, notANumber, x).isSorted());
     EXPECT_FALSE(Samples::evenlySpaced(-infinity, 1.0, x).isSorted());
     EXPECT_FALSE(Samples::evenlySpaced(1e308, 1e308, x).isSorted());
     EXPECT_TRUE(Samples::owned({1.0f, 2.0f, 2.0f}, std::vector<float>(3)).isSorted());
@@ -112,7 +115,7 @@ TEST(Samples, AreSortedWhereNoXIsBelowItsPredecessor) {
 
 TEST(Samples, ReadTheSameHoweverTheyAreHeld) {
     const std::vector<double> x{1.0, 1.5, 2.0};
-    const std::vector<double> y{4.0, missing, -2.0};
+    const std::vector<double> y{4.0, notANumber, -2.0};
     const std::vector<float> xf(x.begin(), x.end());
     const std::vector<float> yf(y.begin(), y.end());
     Samples ring = Samples::streamed(3);
@@ -166,7 +169,7 @@ TEST(Samples, BoundsHoldWhatBothScalesCanPlace) {
         }
     }
     EXPECT_TRUE(Samples().bounds(Scale(), Scale()).x.isEmpty());
-    EXPECT_TRUE(Samples({missing, 1.0}, {1.0, missing}).bounds(Scale(), Scale()).y.isEmpty());
+    EXPECT_TRUE(Samples({notANumber, 1.0}, {1.0, notANumber}).bounds(Scale(), Scale()).y.isEmpty());
 }
 
 TEST(Samples, BoundsUnderAnyScaleAreThoseOfALookAtEverySample) {

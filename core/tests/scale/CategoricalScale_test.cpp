@@ -10,7 +10,7 @@ using namespace zembra::test;
 
 namespace {
 
-std::string line(const TickSet& set) {
+std::string names(const TickSet& set) {
     std::string text;
     for (const Tick& tick : set.major)
         text += tick.label;
@@ -22,19 +22,19 @@ std::string line(const TickSet& set) {
 TEST(CategoricalScale, NamesStandAtWholeNumbers) {
     const Scale scale = Scale::categorical({"a", "b", "c", "d", "e", "f"});
     const TickSet set = scale.ticks(-0.5, 5.5, most(10));
-    EXPECT_EQ(line(set), "abcdef");
+    EXPECT_EQ(names(set), "abcdef");
     for (std::size_t i = 0; i < 6; ++i)
         EXPECT_EQ(set.major[i].value, static_cast<double>(i));
     EXPECT_TRUE(set.minor.empty());
-    EXPECT_EQ(line(scale.ticks(1.5, 3.2, most(10))), "cd");
-    EXPECT_EQ(line(scale.ticks(3.2, 1.5, most(10))), "cd");
+    EXPECT_EQ(names(scale.ticks(1.5, 3.2, most(10))), "cd");
+    EXPECT_EQ(names(scale.ticks(3.2, 1.5, most(10))), "cd");
 }
 
 TEST(CategoricalScale, NamesAreSkippedEvenlyWhereThereIsNoRoom) {
     const Scale scale = Scale::categorical({"a", "b", "c", "d", "e", "f"});
-    EXPECT_EQ(line(scale.ticks(-0.5, 5.5, most(3))), "ace");
-    EXPECT_EQ(line(scale.ticks(-0.5, 5.5, most(2))), "ad");
-    EXPECT_EQ(line(scale.ticks(-1e308, 1e308, most(6))), "abcdef");
+    EXPECT_EQ(names(scale.ticks(-0.5, 5.5, most(3))), "ace");
+    EXPECT_EQ(names(scale.ticks(-0.5, 5.5, most(2))), "ad");
+    EXPECT_EQ(names(scale.ticks(-1e308, 1e308, most(6))), "abcdef");
     const Scale many = Scale::categorical(std::vector<std::string>(100000, "x"));
     EXPECT_LE(many.ticks(-1.0, 1e5, most(1 << 30)).major.size(), 200u);
 }

@@ -2,6 +2,7 @@
 #include <zembra/scale/NumberFormat.h>
 #include <zembra/scale/Scale.h>
 
+#include "support/Numbers.h"
 #include "support/TickChecks.h"
 #include "support/TickTexts.h"
 
@@ -17,8 +18,6 @@ using namespace zembra::test;
 using testing::ElementsAre;
 
 namespace {
-
-constexpr double ulp = std::numeric_limits<double>::epsilon();
 
 std::vector<std::string> labels(const TickSet& set) {
     std::vector<std::string> texts;

@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include "support/Numbers.h"
+
 #include <zembra/scale/ScaleMap.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 using namespace zembra;
+using namespace zembra::test;
 
 namespace {
-
-constexpr double largest = std::numeric_limits<double>::max();
-constexpr double tiny = std::numeric_limits<double>::denorm_min();
-constexpr double inf = std::numeric_limits<double>::infinity();
 
 struct Ends {
     double s1, s2;
@@ -24,8 +22,8 @@ constexpr Ends anyEnds[] = {
     {-0.1, 0.3},
     {1e308, -1e308},
     {-largest, largest},
-    {0.0, tiny},
-    {-tiny, 3 * tiny},
+    {0.0, smallest},
+    {-smallest, 3 * smallest},
     {1.0, 1.0 + 4e-16},
     {1e308, 1.0000000000000005e308},
     {1.7e9, 1.7e9 + 1e-6},
@@ -61,7 +59,7 @@ TEST(ScaleMap, ThereAndBackIsAccurate) {
             const double back = map.invTransform(map.transform(value));
             const double span = 0.5 * std::abs(0.5 * e.s2 - 0.5 * e.s1);
             const double magnitude = std::max(std::abs(e.s1), std::abs(e.s2));
-            EXPECT_NEAR(back, value, std::max({span * 1e-14, magnitude * 3e-16, tiny}))
+            EXPECT_NEAR(back, value, std::max({span * 1e-14, magnitude * 3e-16, smallest}))
                 << e.s1 << " " << e.s2;
         }
     }
@@ -81,7 +79,7 @@ TEST(ScaleMap, CollapsedEndsGiveTheFirstOne) {
 
 TEST(ScaleMap, NotANumberStaysNone) {
     const ScaleMap map(Scale(), 0.0, 100.0, -largest, largest);
-    for (const double value : {std::nan(""), inf, -inf}) {
+    for (const double value : {std::nan(""), infinity, -infinity}) {
         EXPECT_TRUE(std::isnan(map.transform(value)));
         EXPECT_TRUE(std::isnan(map.invTransform(value)));
     }
@@ -97,7 +95,7 @@ TEST(ScaleMap, PixelsBeyondTheEndsStayWithinTheDomain) {
     EXPECT_EQ(map.invTransform(1e9), largest);
     EXPECT_EQ(map.invTransform(-1e9), -largest);
     const ScaleMap log(Scale::log(), 0.0, 100.0, 1.0, 10.0);
-    EXPECT_EQ(log.invTransform(-1e9), tiny);
+    EXPECT_EQ(log.invTransform(-1e9), smallest);
     EXPECT_EQ(log.invTransform(1e9), largest);
     const ScaleMap linear(Scale(), 0.0, 100.0, 0.0, 1.0);
     EXPECT_DOUBLE_EQ(linear.invTransform(150.0), 1.5);

@@ -2,24 +2,19 @@
 #include <zembra/scale/Scale.h>
 #include <zembra/scale/ScaleMap.h>
 
+#include "support/Numbers.h"
 #include "support/TickChecks.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 using namespace zembra;
 using namespace zembra::test;
 
 namespace {
-
-constexpr double largest = std::numeric_limits<double>::max();
-constexpr double smallest = std::numeric_limits<double>::denorm_min();
-constexpr double inf = std::numeric_limits<double>::infinity();
-constexpr double ulp = std::numeric_limits<double>::epsilon();
 
 struct NamedScale {
     const char* name;
@@ -48,7 +43,7 @@ std::vector<NamedScale> everyScale() {
 
 std::vector<double> hostileNumbers() {
     std::vector<double> numbers = {std::nan(""),
-                                   inf,
+                                   infinity,
                                    0.0,
                                    smallest,
                                    3 * smallest,
@@ -69,7 +64,7 @@ std::vector<double> hostileNumbers() {
                                    9007199254740993.0,
                                    1e300,
                                    1e308,
-                                   std::nextafter(1e308, inf),
+                                   std::nextafter(1e308, infinity),
                                    largest};
     const std::size_t count = numbers.size();
     for (std::size_t i = 0; i < count; ++i)
@@ -112,7 +107,7 @@ TEST(Scale, RangesThatAreNoneHaveNoTicks) {
         for (const double value : hostileNumbers())
             EXPECT_TRUE(named.scale.ticks(value, value, {}).major.empty()) << named.name;
         EXPECT_TRUE(named.scale.ticks(std::nan(""), 1.0, {}).major.empty()) << named.name;
-        EXPECT_TRUE(named.scale.ticks(1.0, inf, {}).major.empty()) << named.name;
+        EXPECT_TRUE(named.scale.ticks(1.0, infinity, {}).major.empty()) << named.name;
     }
 }
 

@@ -6,8 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <limits>
-
 using namespace zembra;
 using namespace zembra::test;
 using testing::ElementsAre;
@@ -15,7 +13,6 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 const std::vector<double> oneToNine = {9.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 1.0};
 
 } // namespace

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 using namespace zembra;
 using namespace zembra::test;
 

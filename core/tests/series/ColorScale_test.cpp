@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "support/Numbers.h"
+
 #include <zembra/series/ColorScale.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 using namespace zembra;
-
-namespace {
-
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-} // namespace
+using namespace zembra::test;
 
 TEST(ColorScale, SharesFollowTheScaleOverTheRange) {
     struct Row {

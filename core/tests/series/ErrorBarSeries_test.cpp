@@ -5,14 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 using namespace zembra;
 using namespace zembra::test;
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // The lines alone, without their pen.
 std::string strokes(Stage& stage, const Series& series) {

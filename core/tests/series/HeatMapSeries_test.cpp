@@ -2,6 +2,7 @@
 #include <zembra/series/HeatMapSeries.h>
 
 #include "support/HostileNumbers.h"
+#include "support/PicturePainter.h"
 
 #include <gtest/gtest.h>
 
@@ -16,28 +17,6 @@ using namespace zembra;
 using namespace zembra::test;
 
 namespace {
-
-// Remembers the last picture itself; everything else goes nowhere.
-class PicturePainter : public RecordingPainter {
-public:
-    void drawImage(const unsigned char* rgba, int width, int height, double cx,
-                   double cy) override {
-        address = rgba;
-        columns = width;
-        rows = height;
-        bytes.assign(rgba, rgba + static_cast<std::ptrdiff_t>(width) * height * 4);
-        RecordingPainter::drawImage(rgba, width, height, cx, cy);
-    }
-    Color at(int x, int y) const {
-        const auto* p = bytes.data() + (static_cast<std::ptrdiff_t>(y) * columns + x) * 4;
-        return {p[0], p[1], p[2], p[3]};
-    }
-
-    const unsigned char* address = nullptr;
-    int columns = 0;
-    int rows = 0;
-    std::vector<unsigned char> bytes;
-};
 
 struct View {
     ScaleMap x{Scale::linear(), 0.0, 100.0, 0.0, 10.0};

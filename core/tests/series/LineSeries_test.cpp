@@ -2,6 +2,7 @@
 #include <zembra/series/LineSeries.h>
 
 #include "support/HostileNumbers.h"
+#include "support/PicturePainter.h"
 
 #include <zembra/series/Canvas.h>
 
@@ -18,10 +19,9 @@ using namespace zembra::test;
 
 namespace {
 
-constexpr double missing = std::numeric_limits<double>::quiet_NaN();
 constexpr double width = 400.0;
 constexpr double height = 200.0;
-const Rect area{0.0, 0.0, width, height};
+const Rect wide{0.0, 0.0, width, height};
 
 ScaleMap xOver(double first, double last, const Scale& scale = {}) {
     return ScaleMap(scale, 0.0, width, first, last);
@@ -31,37 +31,12 @@ ScaleMap yOver(double first, double last, const Scale& scale = {}) {
     return ScaleMap(scale, height, 0.0, first, last);
 }
 
-// Keeps the alpha of the last picture too.
-class PicturePainter : public RecordingPainter {
-public:
-    void drawImage(const unsigned char* rgba, int w, int h, double cx, double cy) override {
-        RecordingPainter::drawImage(rgba, w, h, cx, cy);
-        left = static_cast<int>(std::lround(cx - 0.5 * w));
-        top = static_cast<int>(std::lround(cy - 0.5 * h));
-        columns = w;
-        rows = h;
-        pixels.assign(rgba, rgba + static_cast<std::ptrdiff_t>(w) * h * 4);
-    }
-
-    int alpha(int x, int y) const {
-        if (x < left || y < top || x >= left + columns || y >= top + rows)
-            return 0;
-        return pixels[static_cast<std::size_t>(((y - top) * columns + x - left) * 4 + 3)];
-    }
-
-    int left = 0;
-    int top = 0;
-    int columns = 0;
-    int rows = 0;
-    std::vector<unsigned char> pixels;
-};
-
 void draw(const LineSeries& series, RecordingPainter& painter, const ScaleMap& x, const ScaleMap& y,
           const Color& color = Color()) {
     FrameBuffers buffers;
     SeriesLook look;
     look.color = color;
-    Canvas canvas(painter, area, x, y, look, buffers);
+    Canvas canvas(painter, wide, x, y, look, buffers);
     series.draw(canvas);
 }
 
@@ -91,8 +66,8 @@ TEST(LineSeries, DrawsFewSamplesAsOnePolyline) {
 }
 
 TEST(LineSeries, LeavesAGapWhereASampleIsMissingAndADotBetweenTwoGaps) {
-    LineSeries series({0.0, 1.0, 2.0, 3.0, 4.0, missing, 4.0},
-                      {0.0, 0.0, missing, 5.0, missing, 5.0, 7.0});
+    LineSeries series({0.0, 1.0, 2.0, 3.0, 4.0, notANumber, 4.0},
+                      {0.0, 0.0, notANumber, 5.0, notANumber, 5.0, 7.0});
     series.setWidth(1.0);
     RecordingPainter painter;
     draw(series, painter, xOver(0.0, 8.0), yOver(0.0, 10.0));
@@ -162,7 +137,9 @@ TEST(LineSeries, ShowsEachIsolatedSpikeAtEveryZoom) {
         if (painter.count("drawImage") == 0)
             continue;
         EXPECT_NEAR(painter.top, 5, 1) << span;
-        EXPECT_GE(painter.alpha(160, 20) + painter.alpha(159, 20) + painter.alpha(161, 20), 150)
+        EXPECT_GE(painter.at(160, 20).alpha() + painter.at(159, 20).alpha() +
+                      painter.at(161, 20).alpha(),
+                  150)
             << span;
     }
 }
@@ -173,9 +150,9 @@ TEST(LineSeries, BlendsEachPixelOnceWhenTranslucent) {
     PicturePainter painter;
     draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0), Color(10, 20, 30, 100));
     ASSERT_EQ(painter.count("drawImage"), 1u);
-    EXPECT_EQ(painter.alpha(200, 100), 100);
-    for (std::size_t i = 3; i < painter.pixels.size(); i += 4)
-        ASSERT_LE(painter.pixels[i], 100);
+    EXPECT_EQ(painter.at(200, 100).alpha(), 100);
+    for (std::size_t i = 3; i < painter.bytes.size(); i += 4)
+        ASSERT_LE(painter.bytes[i], 100);
 }
 
 TEST(LineSeries, CutsALargeOpaqueMiddleOutOfItsPictureWithoutATrace) {
@@ -242,8 +219,9 @@ TEST(LineSeries, GoesFarFromTheLastOfManySamplesAndNotFromAnExtreme) {
         draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
         ASSERT_EQ(painter.count("drawImage"), 1u) << count;
         for (int column = 220; column < 380; column += 40) {
-            EXPECT_GE(painter.alpha(column, 99) + painter.alpha(column, 100), 250) << count;
-            EXPECT_EQ(painter.alpha(column, 97) + painter.alpha(column, 102), 0) << count;
+            EXPECT_GE(painter.at(column, 99).alpha() + painter.at(column, 100).alpha(), 250)
+                << count;
+            EXPECT_EQ(painter.at(column, 97).alpha() + painter.at(column, 102).alpha(), 0) << count;
         }
     }
 }
@@ -262,7 +240,7 @@ TEST(LineSeries, LooksTheSameHoweverItsManySamplesAreHeld) {
         LineSeries series(x, y);
         PicturePainter expected;
         draw(series, expected, xOver(0.0, 1.0), yOver(-1.0, 1.0));
-        ASSERT_FALSE(expected.pixels.empty());
+        ASSERT_FALSE(expected.bytes.empty());
         for (const Samples& samples :
              {Samples::owned(xf, yf), Samples::borrowed(x, y), Samples::evenlySpaced(0.0, step, y),
               Samples::evenlySpaced(0.0, step, yf)}) {
@@ -270,7 +248,7 @@ TEST(LineSeries, LooksTheSameHoweverItsManySamplesAreHeld) {
             PicturePainter painter;
             draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
             EXPECT_EQ(painter.text(), expected.text());
-            EXPECT_TRUE(painter.pixels == expected.pixels);
+            EXPECT_TRUE(painter.bytes == expected.bytes);
         }
     }
 }
@@ -297,11 +275,11 @@ TEST(LineSeries, ShowsSamplesThatAreSuddenlyFarApartWhereTheyAre) {
     }
     PicturePainter painter;
     draw(LineSeries(x, y), painter, xOver(0.0, width), yOver(0.0, 10.0));
-    ASSERT_FALSE(painter.pixels.empty());
+    ASSERT_FALSE(painter.bytes.empty());
     for (const int peak : peaks) {
-        EXPECT_GT(painter.alpha(peak, 10) + painter.alpha(peak - 1, 10), 0) << peak;
+        EXPECT_GT(painter.at(peak, 10).alpha() + painter.at(peak - 1, 10).alpha(), 0) << peak;
         for (int beside = peak + 2; beside < peak + 6; ++beside)
-            EXPECT_EQ(painter.alpha(beside, 150), 0) << peak << " " << beside;
+            EXPECT_EQ(painter.at(beside, 150).alpha(), 0) << peak << " " << beside;
     }
 }
 
@@ -314,7 +292,7 @@ TEST(LineSeries, LeavesAGapWhereAScaleOfTheHostCannotPlaceManySamples) {
     PicturePainter painter;
     draw(LineSeries(evenly(y), ""), painter, xOver(0.0, 1.0),
          yOver(0.0, 4.0, Scale::custom(same, same, {0.0, 5.0})));
-    ASSERT_FALSE(painter.pixels.empty());
+    ASSERT_FALSE(painter.bytes.empty());
     for (int column = 2; column < 398; ++column) {
         if (column >= 158 && column <= 162)
             continue;
@@ -322,7 +300,7 @@ TEST(LineSeries, LeavesAGapWhereAScaleOfTheHostCannotPlaceManySamples) {
             continue;
         int inked = 0;
         for (int row = 0; row < 200; ++row)
-            inked += painter.alpha(column, row) > 0 ? 1 : 0;
+            inked += painter.at(column, row).alpha() > 0 ? 1 : 0;
         const bool isGap = column > 162 && column < 238;
         EXPECT_EQ(inked > 0, !isGap) << column;
     }
@@ -339,10 +317,10 @@ TEST(LineSeries, MovesByWholePixelsWithoutChangingWhatItShows) {
     int different = 0;
     for (int y = 0; y < static_cast<int>(height); ++y)
         for (int x = 10; x < static_cast<int>(width) - 20; ++x)
-            different += std::abs(before.alpha(x + 7, y) - after.alpha(x, y)) > 8 ? 1 : 0;
+            different += std::abs(before.at(x + 7, y).alpha() - after.at(x, y).alpha()) > 8 ? 1 : 0;
     // A sample on the very edge of a strip may fall to either side.
     EXPECT_LE(different, 80);
-    EXPECT_GT(before.alpha(100, 100), 250);
+    EXPECT_GT(before.at(100, 100).alpha(), 250);
 }
 
 TEST(LineSeries, DrawsReversedAndLogarithmicAxesAsTheirMirrorAndTheirMap) {
@@ -377,11 +355,11 @@ TEST(LineSeries, DrawsReversedAndLogarithmicAxesAsTheirMirrorAndTheirMap) {
     int like = 0;
     for (int py = 0; py < static_cast<int>(height); ++py) {
         for (int px = 0; px < static_cast<int>(width); ++px) {
-            const int a = forward.alpha(px, py);
-            const int b = backward.alpha(static_cast<int>(width) - 1 - px, py);
+            const int a = forward.at(px, py).alpha();
+            const int b = backward.at(static_cast<int>(width) - 1 - px, py).alpha();
             touched += a > 0 ? 1 : 0;
             mirrored += std::abs(a - b);
-            like += std::abs(a - linear.alpha(px, py));
+            like += std::abs(a - linear.at(px, py).alpha());
         }
     }
     EXPECT_GT(touched, 2000);
@@ -413,7 +391,7 @@ TEST(LineSeries, DrawsLongUnsortedCurvesInAFewCalls) {
     draw(series, painter, xOver(-1.1, 1.1), yOver(-1.1, 1.1), Color(0, 0, 0, 90));
     EXPECT_LE(painter.count(), 2u);
     ASSERT_EQ(painter.count("drawImage"), 1u);
-    EXPECT_EQ(*std::max_element(painter.pixels.begin(), painter.pixels.end()), 90);
+    EXPECT_EQ(*std::max_element(painter.bytes.begin(), painter.bytes.end()), 90);
 }
 
 TEST(LineSeries, DrawsSteepZigzagsOfWidePensAsLinesOfTheirOwn) {
@@ -434,7 +412,7 @@ TEST(LineSeries, IsDrawnInThePixelsOfFinerTargetsWhereItIsDense) {
     series.setWidth(1.0);
     const auto rowsOf = [&series](double ratio, RecordingPainter& painter) {
         FrameBuffers buffers;
-        Canvas canvas(painter, area, xOver(0.0, 1.0), yOver(-1.0, 1.0), {}, buffers);
+        Canvas canvas(painter, wide, xOver(0.0, 1.0), yOver(-1.0, 1.0), {}, buffers);
         canvas.setPixelRatio(ratio);
         series.draw(canvas);
     };
@@ -460,10 +438,10 @@ TEST(LineSeries, CrossesTheWholeCanvasAnyNumberOfTimesWithinAPicture) {
     draw(series, painter, xOver(-1.1, 1.1), yOver(-1.1, 1.1));
     ASSERT_EQ(painter.count("drawImage"), 1u);
     EXPECT_EQ(painter.count(), 1u);
-    EXPECT_EQ(painter.alpha(200, 100), 255);
-    EXPECT_EQ(painter.alpha(40, 30), 255);
-    EXPECT_EQ(painter.alpha(5, 100), 0);
-    EXPECT_EQ(painter.alpha(200, 196), 0);
+    EXPECT_EQ(painter.at(200, 100).alpha(), 255);
+    EXPECT_EQ(painter.at(40, 30).alpha(), 255);
+    EXPECT_EQ(painter.at(5, 100).alpha(), 0);
+    EXPECT_EQ(painter.at(200, 196).alpha(), 0);
 }
 
 TEST(LineSeries, KeepsItsDashesWhereTheyBecomeAPicture) {
@@ -477,7 +455,7 @@ TEST(LineSeries, KeepsItsDashesWhereTheyBecomeAPicture) {
     draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
     ASSERT_EQ(painter.count("drawImage"), 1u);
     const auto inked = [&painter] {
-        return std::count_if(painter.pixels.begin(), painter.pixels.end(),
+        return std::count_if(painter.bytes.begin(), painter.bytes.end(),
                              [](unsigned char byte) { return byte > 127; });
     };
     const auto dashed = inked();
@@ -499,7 +477,7 @@ TEST(LineSeries, DrawsTheDashesOfEveryStyleWhereTheyBecomeAPicture) {
         PicturePainter painter;
         draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
         EXPECT_EQ(painter.count("drawImage"), 1u);
-        return static_cast<double>(std::count_if(painter.pixels.begin(), painter.pixels.end(),
+        return static_cast<double>(std::count_if(painter.bytes.begin(), painter.bytes.end(),
                                                  [](unsigned char byte) { return byte > 127; }));
     };
     series.setDashPattern({5.0, 0.0});
@@ -738,7 +716,7 @@ TEST(LineSeries, RefusesNumbersThatMakeNoSense) {
     series.setWidth(2.0);
     series.setMarkerSize(7.0);
     ASSERT_TRUE(series.setFill(LineFill{}));
-    for (const double bad : {-1.0, missing, HUGE_VAL}) {
+    for (const double bad : {-1.0, notANumber, HUGE_VAL}) {
         series.setWidth(bad);
         series.setMarkerSize(bad);
         LineFill fill;
@@ -746,7 +724,7 @@ TEST(LineSeries, RefusesNumbersThatMakeNoSense) {
         EXPECT_FALSE(series.setFill(fill)) << bad;
     }
     series.setMarkerSize(0.0);
-    for (const double bad : {missing, HUGE_VAL}) {
+    for (const double bad : {notANumber, HUGE_VAL}) {
         LineFill fill;
         fill.baseline = bad;
         EXPECT_FALSE(series.setFill(fill)) << bad;

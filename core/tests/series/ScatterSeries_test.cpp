@@ -2,6 +2,7 @@
 #include <zembra/series/ScatterSeries.h>
 
 #include "support/HostileNumbers.h"
+#include "support/PicturePainter.h"
 
 #include <zembra/series/Canvas.h>
 
@@ -17,7 +18,7 @@ using namespace zembra::test;
 
 namespace {
 
-const Rect area{10.0, 20.0, 300.0, 200.0};
+const Rect sheet{10.0, 20.0, 300.0, 200.0};
 const ScaleMap acrossArea(Scale::linear(), 10.0, 310.0, 0.0, 300.0);
 const ScaleMap upArea(Scale::linear(), 220.0, 20.0, 0.0, 200.0);
 
@@ -25,37 +26,9 @@ void draw(const ScatterSeries& series, RecordingPainter& painter) {
     FrameBuffers buffers;
     SeriesLook look;
     look.color = Color(1, 2, 3);
-    Canvas canvas(painter, area, acrossArea, upArea, look, buffers);
+    Canvas canvas(painter, sheet, acrossArea, upArea, look, buffers);
     series.draw(canvas);
 }
-
-// Keeps the last picture.
-class PicturePainter : public RecordingPainter {
-public:
-    void drawImage(const unsigned char* rgba, int w, int h, double cx, double cy) override {
-        RecordingPainter::drawImage(rgba, w, h, cx, cy);
-        left = static_cast<int>(std::lround(cx - 0.5 * w));
-        top = static_cast<int>(std::lround(cy - 0.5 * h));
-        columns = w;
-        rows = h;
-        bytes.assign(rgba, rgba + static_cast<std::ptrdiff_t>(w) * h * 4);
-    }
-
-    Color pixel(int x, int y) const {
-        if (x < left || y < top || x >= left + columns || y >= top + rows)
-            return Color(0, 0, 0, 0);
-        const auto* p =
-            bytes.data() + static_cast<std::ptrdiff_t>((y - top) * columns + x - left) * 4;
-        return Color(p[0], p[1], p[2], p[3]);
-    }
-
-private:
-    int left = 0;
-    int top = 0;
-    int columns = 0;
-    int rows = 0;
-    std::vector<unsigned char> bytes;
-};
 
 } // namespace
 
@@ -187,14 +160,14 @@ TEST(ScatterSeries, DrawsManyMarkersOfAnyKindAsOnePictureThatLooksLikeThemAlone)
         series.draw(canvas);
         ASSERT_EQ(painter.count("drawImage"), 1u);
         EXPECT_EQ(painter.count(), 1u);
-        EXPECT_EQ(painter.pixel(25, 74), Color(200, 0, 0));
-        EXPECT_EQ(painter.pixel(75, 24), Color(0, 0, 200));
-        EXPECT_EQ(painter.pixel(50, 50).alpha(), 0);
+        EXPECT_EQ(painter.at(25, 74), Color(200, 0, 0));
+        EXPECT_EQ(painter.at(75, 24), Color(0, 0, 200));
+        EXPECT_EQ(painter.at(50, 50).alpha(), 0);
         // The covered area is that of the outline.
         double covered = 0.0;
         for (int row = 0; row < 50; ++row)
             for (int column = 50; column < 100; ++column)
-                covered += painter.pixel(column, row).alpha() / 255.0;
+                covered += painter.at(column, row).alpha() / 255.0;
         const double expected = shape == MarkerShape::Circle       ? 113.1
                                 : shape == MarkerShape::Square     ? 113.0
                                 : shape == MarkerShape::TriangleUp ? 89.06
@@ -221,7 +194,7 @@ TEST(ScatterSeries, BlendsTranslucentMarkersOverEachOther) {
     Canvas canvas(painter, {0.0, 0.0, 100.0, 100.0}, wide, up, {}, buffers);
     series.draw(canvas);
     ASSERT_EQ(painter.count("drawImage"), 1u);
-    const Color both = painter.pixel(20, 50);
+    const Color both = painter.at(20, 50);
     EXPECT_NEAR(both.alpha(), 192, 1);
     EXPECT_NEAR(both.red(), 85, 2);
     EXPECT_NEAR(both.blue(), 170, 2);

@@ -15,7 +15,6 @@ namespace {
 using Limits = std::numeric_limits<double>;
 
 constexpr double size = 100.0;
-constexpr double infinity = Limits::infinity();
 
 const SeriesLook look{Color(0, 114, 178), Color(0, 0, 0), Color(255, 255, 255), Font(12.0)};
 

@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Numbers.h"
 #include "RecordingPainter.h"
 
 #include <zembra/series/Canvas.h>
 #include <zembra/series/Series.h>
 
 #include <cstddef>
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace zembra::test {
-
-inline constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// Everything a series needs to be drawn without a plot: a canvas of 100 × 100 pixels at (0, 0),
 /// two scales with their ranges, and a painter that writes down what it is told.
