@@ -7,7 +7,7 @@
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtGui/QPolygonF>
-#include <QtTest/QtTest>
+#include <QtTest/QTest>
 
 #include <cmath>
 #include <numbers>

@@ -9,7 +9,7 @@
 #include <QPainter>
 #include <QRawFont>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <cstdint>
 #include <limits>

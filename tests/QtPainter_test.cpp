@@ -4,7 +4,7 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QtRenderSurface.h>
 
-#include <QtTest>
+#include <QTest>
 
 #include <cstdint>
 #include <limits>

@@ -11,9 +11,9 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTransform>
 #include <QXmlStreamReader>
-#include <QtTest>
 
 #include <algorithm>
 #include <cmath>

@@ -7,7 +7,7 @@
 #include <QGraphicsScene>
 #include <QPainter>
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 #include <cstdint>
 

@@ -2,7 +2,8 @@
 #include <ZembraItemModelSamples.h>
 
 #include <QtGui/QStandardItemModel>
-#include <QtTest/QtTest>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
 
 #include <cmath>
 #include <limits>

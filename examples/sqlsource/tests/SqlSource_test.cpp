@@ -8,7 +8,8 @@
 #include <zembra/series/SourceSeries.h>
 
 #include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
 
 #include <algorithm>
 
