@@ -199,3 +199,108 @@ TEST(NumberFormat, AFunctionThatFailsGivesNoText) {
     EXPECT_EQ(failing.text(1.0), "");
     EXPECT_EQ(NumberFormat::custom({}).text(1.0), "");
 }
+
+TEST(NumberFormat, ExponentsBeginWherePlainDigitsWouldBeLong) {
+    struct Case {
+        NumberFormat format;
+        double value;
+        const char* text;
+    };
+    NumberFormat grouped;
+    grouped.setGroupSeparator(" ");
+    NumberFormat dollars = NumberFormat::engineering();
+    dollars.setPrefix("$").setSuffix(" net");
+    const Case cases[] = {
+        {NumberFormat(), 1234560.0, "1234560"},
+        {NumberFormat(), 9999990.0, "9999990"},
+        {NumberFormat(), 1e7, "1×10⁷"},
+        {NumberFormat(), 12345600.0, "1.23456×10⁷"},
+        {NumberFormat(), 0.0001, "0.0001"},
+        {NumberFormat(), 0.000123456, "0.000123456"},
+        {NumberFormat(), 0.00001, "1×10⁻⁵"},
+        {NumberFormat::fixed(0), 1e21, "1000000000000000000000"},
+        {NumberFormat::fixed(0), 1e22, "1×10²²"},
+        {NumberFormat::fixed(0), 1e-21, "0.000000000000000000001"},
+        {NumberFormat::fixed(0), 1e-22, "1×10⁻²²"},
+        {NumberFormat::fixed(3), 12.0, "12.000"},
+        {NumberFormat::fixed(3), -0.5, "−0.500"},
+        {NumberFormat::fixed(1), 12.25, "12.25"},
+        {grouped, 123.0, "123"},
+        {grouped, 1234.0, "1 234"},
+        {grouped, -123456.0, "−123 456"},
+        {grouped, 1234560.0, "1 234 560"},
+        {grouped, 1234.5, "1 234.5"},
+        {NumberFormat::exponent(), 1.0, "1"},
+        {NumberFormat::exponent(), 0.0, "0"},
+        {NumberFormat::exponent(), 10.0, "1×10¹"},
+        {NumberFormat::exponent(), -0.125, "−1.25×10⁻¹"},
+        {NumberFormat::engineering(), 999.0, "999"},
+        {NumberFormat::engineering(), 1000.0, "1×10³"},
+        {NumberFormat::engineering(), 0.5, "500×10⁻³"},
+        {dollars, -2500.0, "−$2.5×10³ net"},
+        {dollars, 2500.0, "$2.5×10³ net"},
+        {NumberFormat::siPrefix(), 0.0, "0"},
+        {NumberFormat::siPrefix(), 999.0, "999"},
+        {NumberFormat::siPrefix(), 1e-30, "1q"},
+        {NumberFormat::siPrefix(), 1e-31, "100×10⁻³³"},
+        {NumberFormat::siPrefix(), 999e30, "999Q"},
+        {NumberFormat::siPrefix(), 1e33, "1×10³³"},
+        {NumberFormat::siPrefix("m"), 1e33, "1×10³³\u00a0m"},
+        {NumberFormat::siPrefix("m"), 1.0, "1\u00a0m"},
+        {NumberFormat::siPrefix("m"), 0.25, "250\u00a0mm"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(c.format.text(c.value), c.text) << c.value;
+}
+
+TEST(NumberFormat, EverySiPrefixTellsItsPower) {
+    const char* const prefixes[] = {"q", "r", "y", "z", "a", "f", "p", "n", "µ", "m", "",
+                                    "k", "M", "G", "T", "P", "E", "Z", "Y", "R", "Q"};
+    int power = -30;
+    for (const char* prefix : prefixes) {
+        for (const char* unit : {"", "m", "Hz"}) {
+            const NumberFormat format = NumberFormat::siPrefix(unit);
+            const std::string gap = *unit != 0 ? "\u00a0" : "";
+            const double value = std::stod("15e" + std::to_string(power));
+            EXPECT_EQ(format.text(value), "15" + gap + prefix + unit);
+            EXPECT_EQ(format.parse("15" + gap + prefix + unit), value) << prefix << unit;
+        }
+        power += 3;
+    }
+}
+
+TEST(NumberFormat, SumsOfLabelAndOffsetAreRoundedOnce) {
+    struct Case {
+        const char* label;
+        const char* offset;
+        double value;
+    };
+    constexpr Case cases[] = {
+        {"0.1", "+0.2", 0.3},
+        {"−0.1", "+0.3", 0.2},
+        {"3", "+0.0000000000000001", 3.0},
+        {"0.3", "×10⁻⁶ +0.0000012", 0.0000015},
+        {"1", "×10⁻³ −2", -1.999},
+        {"123456789", "+1000000000000000000", 1000000000123456789.0},
+        {"0.7", "+123456789012345678", 123456789012345678.7},
+        {"1×10²", "+0.1", 100.1},
+        {"7", "×10¹⁷ +0.1", 7e17},
+        {"7", "×10¹⁸ +1", 7e18},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(NumberFormat().parse(c.label, c.offset), c.value) << c.label << " " << c.offset;
+    EXPECT_EQ(NumberFormat::percent().parse("0.1%", "+20"), 0.201);
+}
+
+TEST(NumberFormat, RepeatedTextsOfTheHostStandOnce) {
+    const NumberFormat floors = NumberFormat::custom([](double v) {
+        return v < 3 ? "low" : v < 5 ? "mid" : "low";
+    });
+    TickRequest request;
+    request.maxMajor = 10;
+    request.format = &floors;
+    std::string texts;
+    for (const Tick& tick : Scale().ticks(0.0, 7.0, request).major)
+        texts += tick.label + "|";
+    EXPECT_EQ(texts, "low|||mid||low|||");
+}

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <map>
@@ -317,4 +318,179 @@ TEST(TimeScale, LabelsHoldStillWhilePanning) {
             }
         }
     }
+}
+
+namespace {
+
+// The instants in UTC, from `from` to `to`, at which a step of the calendar begins.
+std::vector<double> instantsOf(const std::string& unit, int count, double from, double to) {
+    using namespace std::chrono;
+    std::vector<double> instants;
+    const auto add = [&](double instant) {
+        if (instant >= from && instant <= to)
+            instants.push_back(instant);
+    };
+    if (unit == "second" || unit == "day" || unit == "week") {
+        const double size = count * (unit == "second" ? 1.0 : unit == "day" ? day : 7.0 * day);
+        // Weeks begin on Mondays, and the epoch was a Thursday.
+        const double shift = unit == "week" ? 4.0 * day : 0.0;
+        for (double i = std::floor((from - shift) / size); i * size + shift <= to; ++i)
+            add(i * size + shift);
+        return instants;
+    }
+    const auto yearOf = [](double instant) {
+        const sys_days date{days(static_cast<int>(std::floor(instant / day)))};
+        return int(year_month_day(date).year());
+    };
+    for (int y = yearOf(from); y <= yearOf(to); ++y) {
+        if (unit == "year") {
+            if (y % count == 0)
+                add(utc(y, 1, 1));
+            continue;
+        }
+        for (int month = 0; month < 12; ++month) {
+            if (unit == "half month") {
+                add(utc(y, static_cast<unsigned>(month + 1), 1));
+                add(utc(y, static_cast<unsigned>(month + 1), 16));
+            } else if (month % count == 0) {
+                add(utc(y, static_cast<unsigned>(month + 1), 1));
+            }
+        }
+    }
+    return instants;
+}
+
+struct Step {
+    std::string unit;
+    int count;
+    // The step of the minor ticks.
+    std::string minorUnit;
+    int minorCount;
+};
+
+const std::vector<Step>& steps() {
+    constexpr int m = 60;
+    constexpr int h = 3600;
+    static const std::vector<Step> all = {
+        {"second", 2, "", 0},
+        {"second", 5, "second", 1},
+        {"second", 10, "second", 2},
+        {"second", 15, "second", 5},
+        {"second", 30, "second", 5},
+        {"second", m, "second", 15},
+        {"second", 2 * m, "second", 30},
+        {"second", 5 * m, "second", m},
+        {"second", 10 * m, "second", 2 * m},
+        {"second", 15 * m, "second", 5 * m},
+        {"second", 30 * m, "second", 5 * m},
+        {"second", h, "second", 15 * m},
+        {"second", 2 * h, "second", 30 * m},
+        {"second", 3 * h, "second", h},
+        {"second", 6 * h, "second", h},
+        {"second", 12 * h, "second", 3 * h},
+        {"day", 1, "second", 6 * h},
+        {"day", 2, "day", 1},
+        {"week", 1, "day", 1},
+        {"half month", 1, "day", 1},
+        {"month", 1, "half month", 1},
+        {"month", 2, "month", 1},
+        {"month", 3, "month", 1},
+        {"month", 6, "month", 1},
+        {"year", 1, "month", 3},
+        {"year", 2, "year", 1},
+        {"year", 5, "year", 1},
+        {"year", 10, "year", 2},
+        {"year", 20, "year", 5},
+        {"year", 50, "year", 10},
+        {"year", 100, "year", 20},
+        {"year", 200, "year", 50},
+        {"year", 500, "year", 100},
+        {"year", 1000, "year", 200},
+        {"year", 2000, "year", 500},
+        {"year", 5000, "year", 1000},
+        {"year", 10000, "year", 2000},
+    };
+    return all;
+}
+
+std::vector<double> valuesOf(const TickSet& set) {
+    std::vector<double> values;
+    for (const Tick& tick : set.major)
+        values.push_back(tick.value);
+    return values;
+}
+
+} // namespace
+
+TEST(TimeScale, EveryBeginningOfTheFinestStepThatFitsHasATickAndItsPartsHaveMinorOnes) {
+    // How many seconds a range may be longer than its number of steps tells: months differ.
+    constexpr double slack = 4.0 * day;
+    std::size_t last = 0;
+    int told = 0;
+    for (double span = 12.0; span < 20'000 * 365.0 * day; span *= 1.17) {
+        for (const int maxMajor : {3, 6, 11}) {
+            const double from = std::floor(utc(2023, 10, 9) - 0.41 * span);
+            const double to = std::floor(from + span);
+            const TickSet set = Scale::time("UTC").ticks(from, to, most(maxMajor));
+            const std::vector<double> major = valuesOf(set);
+            // Steps of which each divides the next look alike where only one tick is left.
+            if (major.size() < 2)
+                continue;
+            const auto step = std::find_if(steps().begin(), steps().end(), [&](const Step& s) {
+                return (to - from) / day < 900.0 * s.count *
+                                               (s.unit == "second"       ? 1.0 / day
+                                                : s.unit == "day"        ? 1.0
+                                                : s.unit == "week"       ? 7.0
+                                                : s.unit == "half month" ? 15.0
+                                                : s.unit == "month"      ? 30.0
+                                                                         : 365.0) &&
+                       instantsOf(s.unit, s.count, from, to) == major;
+            });
+            ASSERT_NE(step, steps().end()) << from << " to " << to << ": " << maxMajor;
+            ++told;
+            last = std::max(last, static_cast<std::size_t>(step - steps().begin()));
+            if (step != steps().begin()) {
+                const Step& finer = *(step - 1);
+                const bool isEven = step->unit == "second" && step->count <= 3600;
+                EXPECT_GE(instantsOf(finer.unit, finer.count, from - (isEven ? 0.0 : slack),
+                                     to + (isEven ? 0.0 : slack))
+                              .size(),
+                          static_cast<std::size_t>(maxMajor))
+                    << from << " to " << to << ": " << maxMajor;
+            }
+            if (step->minorCount == 0)
+                continue;
+            std::vector<double> minor = instantsOf(step->minorUnit, step->minorCount, from, to);
+            std::erase_if(minor, [&](double t) {
+                return std::find(major.begin(), major.end(), t) != major.end();
+            });
+            EXPECT_EQ(set.minor, minor) << from << " to " << to << ": " << maxMajor;
+        }
+    }
+    EXPECT_GT(told, 350);
+    EXPECT_GE(last, steps().size() - 2);
+}
+
+TEST(TimeScale, RangesBeyondTheLongestStepHaveTicksToo) {
+    for (const double end : {3e14, 9.9e14}) {
+        const TickSet set = Scale::time("UTC").ticks(-end, end, most(6));
+        EXPECT_GE(set.major.size(), 2u) << end;
+        EXPECT_LE(set.major.size(), 6u) << end;
+        EXPECT_EQ(set.major[set.major.size() / 2].label.find("s"), std::string::npos);
+    }
+    EXPECT_EQ(line("UTC", utc(-20000, 1, 1), utc(30000, 1, 1), 6),
+              "−20000 | −10000 | 0 | 10000 | 20000 | 30000");
+}
+
+TEST(TimeScale, TicksAreNeverMoreThanAnyEngineMayReturn) {
+    for (const double span : {1e-3, 0.3, 199.0, 86400.0 * 199, 3.2e9}) {
+        const TickSet set = Scale::time("UTC").ticks(1e9, 1e9 + span, most(5000));
+        EXPECT_LE(set.major.size(), 200u) << span;
+        EXPECT_GE(set.major.size(), 60u) << span;
+        EXPECT_LE(set.minor.size(), 1000u - set.major.size()) << span;
+    }
+    TickRequest bare = most(6);
+    bare.minor = false;
+    for (const double span : {0.3, 100.0, 1e6})
+        EXPECT_TRUE(Scale::time("UTC").ticks(1e9, 1e9 + span, bare).minor.empty()) << span;
 }

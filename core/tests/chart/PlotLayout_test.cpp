@@ -1,0 +1,354 @@
+// SPDX-License-Identifier: MIT
+#include "support/RecordingPainter.h"
+#include "support/TickTexts.h"
+
+#include <zembra/chart/Plot.h>
+#include <zembra/scale/Scale.h>
+#include <zembra/series/HeatMapSeries.h>
+#include <zembra/series/LineSeries.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using namespace zembra;
+using zembra::test::most;
+using zembra::test::RecordingPainter;
+
+namespace {
+
+std::string told(const Rect& rect) {
+    std::ostringstream text;
+    text << rect.x << "," << rect.y << " " << rect.width << "x" << rect.height;
+    return text.str();
+}
+
+// The canvas, then every text that begins with a capital or a plus, each with the place of its
+// baseline.
+std::string layoutOf(Plot& plot, int width, int height) {
+    RecordingPainter painter;
+    plot.renderInto(painter, width, height);
+    std::string text = told(plot.canvasRect());
+    for (const std::string& line : painter.lines()) {
+        const auto quote = line.find('"');
+        if (quote == std::string::npos ||
+            std::string("ABCDEFGHIJKLMNOPQRSTUVWXYZ+").find(line[quote + 1]) == std::string::npos)
+            continue;
+        const auto end = line.find('"', quote + 1);
+        const auto blank = line.find(' ');
+        const bool rotated = line.compare(0, 15, "drawRotatedText") == 0;
+        std::string place = line.substr(blank + 1, quote - blank - 2);
+        if (rotated)
+            place.resize(place.find(' '));
+        text += " | " + line.substr(quote + 1, end - quote - 1) + " " + place;
+    }
+    return text;
+}
+
+void addLine(Plot& plot, const std::string& name) {
+    plot.add<LineSeries>(std::vector{0.0, 10.0}, std::vector{0.0, 10.0}, name);
+}
+
+void addMap(Plot& plot, double max, const std::string& title = {}) {
+    auto map = plot.add<HeatMapSeries>(Grid({0.0, 1.0, 2.0, 3.0}, 2, {0.0, 10.0}, {0.0, 10.0}));
+    ColorScale colors;
+    colors.setRange(0.0, max);
+    colors.setTitle(title);
+    map->setColorScale(colors);
+}
+
+struct Case {
+    const char* what;
+    std::function<void(Plot&)> prepare;
+    int width, height;
+    const char* layout;
+};
+
+void compare(const std::vector<Case>& cases) {
+    for (const Case& c : cases) {
+        Plot plot;
+        for (int id = 0; id < 4; ++id)
+            plot.setAxisScale(id, 0.0, 10.0);
+        c.prepare(plot);
+        EXPECT_EQ(layoutOf(plot, c.width, c.height), c.layout) << c.what;
+    }
+}
+
+void enable(Plot& plot, std::vector<int> axes) {
+    for (int id = 0; id < 4; ++id)
+        plot.setAxisEnabled(id, std::find(axes.begin(), axes.end(), id) != axes.end());
+}
+
+const std::string words = "Words That Fill More Than Three Of The Lines There Are";
+
+} // namespace
+
+TEST(PlotLayout, AxesTakeRoomForTicksLabelsAndTitles) {
+    const auto all = [](Plot& plot) {
+        enable(plot, {0, 1, 2, 3});
+        const char* const titles[] = {"Left", "Right", "Bottom", "Top"};
+        for (int id = 0; id < 4; ++id)
+            plot.axis(id).setTitle(titles[id]);
+    };
+    const auto times = [](Plot& plot) {
+        for (const int id : {2, 3}) {
+            plot.axis(id).setScale(Scale::time("UTC"));
+            plot.setAxisScale(id, 0.0, 86400.0);
+        }
+    };
+    compare({
+        {"none", [](Plot& plot) { enable(plot, {}); }, 300, 200, "12,12 276x176"},
+        {"two", [](Plot&) {}, 300, 200, "71,30 205x125"},
+        {"left", [](Plot& plot) { enable(plot, {0}); }, 300, 200, "71,30 217x158"},
+        {"right", [](Plot& plot) { enable(plot, {1}); }, 300, 200, "12,30 217x158"},
+        {"bottom", [](Plot& plot) { enable(plot, {2}); }, 300, 200, "24,12 252x143"},
+        {"top", [](Plot& plot) { enable(plot, {3}); }, 300, 200, "24,57 252x131"},
+        {"all titles", all, 400, 300,
+         "92,80 216x170 | Left 17,180.6 | Right 393,184.5 | Bottom 176.6,293 | Top 188.3,47"},
+        {"times", times, 300, 200, "71,30 205x125 | Jan 1 1970 35,193 | Jan 2 1970 227,193"},
+        {"times and titles",
+         [&](Plot& plot) {
+             all(plot);
+             times(plot);
+         },
+         400, 300,
+         "92,96 216x138 | Left 17,180.6 | Right 393,184.5 | Jan 1 1970 56,272 | Jan 2 1970 272,272 "
+         "| Bottom 176.6,293 | Jan 1 1970 56,67 | Jan 2 1970 272,67 | Top 188.3,47"},
+        {"odd sizes",
+         [](Plot& plot) {
+             Theme theme = Theme::light();
+             theme.tickFont = Font::defaultFont(FontFamily::LatoRegular, 11.3);
+             plot.setTheme(theme);
+         },
+         301, 199, "68,29 209x127"},
+    });
+}
+
+TEST(PlotLayout, TitlesStandAboveInAsManyLinesAsTheyMayTake) {
+    compare({
+        {"title", [](Plot& plot) { plot.setTitle("Title"); }, 300, 200,
+         "71,58 205x97 | Title 12,30"},
+        {"subtitle", [](Plot& plot) { plot.setSubtitle("Sub"); }, 300, 200,
+         "71,47 205x108 | Sub 12,25"},
+        {"both",
+         [](Plot& plot) {
+             plot.setTitle("Title");
+             plot.setSubtitle("Sub");
+         },
+         300, 200, "71,75 205x80 | Title 12,30 | Sub 12,52"},
+        {"long",
+         [](Plot& plot) {
+             plot.setTitle(words);
+             plot.setSubtitle(words);
+         },
+         200, 300,
+         "71,138 105x117 | Words That Fill 12,30 | More Than Three 12,53 | Of The Lines The… 12,76 "
+         "| Words That Fill More 12,98 | Than Three Of The Lin… 12,115"},
+        {"long without room for axis titles",
+         [](Plot& plot) {
+             plot.setTitle(words);
+             plot.setSubtitle(words);
+             plot.axis(2).setTitle("Bottom");
+         },
+         200, 140, "71,58 105x37 | Words That Fill… 12,30"},
+    });
+}
+
+TEST(PlotLayout, LegendsStandInTheirCornerOrBesideTheCanvas) {
+    const auto at = [](LegendPosition position) {
+        return [position](Plot& plot) {
+            addLine(plot, "One");
+            addLine(plot, "Two");
+            plot.legend().setPosition(position);
+        };
+    };
+    const auto many = [](LegendPosition position, int count) {
+        return [position, count](Plot& plot) {
+            for (int i = 0; i < count; ++i)
+                addLine(plot, "Name" + std::string(static_cast<std::size_t>(i % 4), 'x'));
+            plot.legend().setPosition(position);
+        };
+    };
+    compare({
+        {"automatic", at(LegendPosition::Automatic), 300, 200,
+         "71,30 205x125 | One 114,57 | Two 114,73"},
+        {"top left", at(LegendPosition::TopLeft), 300, 200,
+         "71,30 205x125 | One 114,57 | Two 114,73"},
+        {"top right", at(LegendPosition::TopRight), 300, 200,
+         "71,30 205x125 | One 239,57 | Two 239,73"},
+        {"bottom left", at(LegendPosition::BottomLeft), 300, 200,
+         "71,30 205x125 | One 114,120 | Two 114,136"},
+        {"bottom right", at(LegendPosition::BottomRight), 300, 200,
+         "71,30 205x125 | One 239,120 | Two 239,136"},
+        {"right", at(LegendPosition::OutsideRight), 300, 200,
+         "71,30 137x125 | One 267,49 | Two 267,65"},
+        {"top", at(LegendPosition::OutsideTop), 300, 200,
+         "71,49 205x106 | One 40,27 | Two 105.6,27"},
+        {"right of a second axis",
+         [&](Plot& plot) {
+             at(LegendPosition::OutsideRight)(plot);
+             enable(plot, {0, 1, 2});
+         },
+         300, 200, "71,30 90x125 | One 267,49 | Two 267,65"},
+        {"rows", many(LegendPosition::OutsideTop, 5), 300, 200,
+         "71,65 205x90 | Name 40,27 | Namex 112.8,27 | Namexx 192.8,27 | Namexxx 40,43 | Name "
+         "134.4,43"},
+        {"too many for rows", many(LegendPosition::OutsideTop, 30), 300, 200,
+         "71,81 205x74 | Name 40,27 | Namex 112.8,27 | Namexx 192.8,27 | Namexxx 40,43 | Name "
+         "134.4,43 | Namex 207.2,43 | Namexx 40,59 | Namexxx 127.2,59 | + 22 more 221.6,59"},
+        {"too many for a column", many(LegendPosition::OutsideRight, 30), 300, 200,
+         "71,30 101x125 | Name 231,49 | Namex 231,65 | Namexx 231,81 | Namexxx 231,97 | Name "
+         "231,113 | + 25 mo… 231,129"},
+        {"too many for a corner", many(LegendPosition::TopLeft, 30), 300, 200,
+         "71,30 205x125 | Name 114,57 | Namex 114,73 | Namexx 114,89 | Namexxx 114,105 | + 26 more "
+         "114,121"},
+        {"too wide", many(LegendPosition::TopRight, 4), 140, 200, "71,30 45x125"},
+        {"no room", many(LegendPosition::OutsideRight, 4), 120, 120, "2,2 116x116"},
+    });
+}
+
+TEST(PlotLayout, ColorBarsStandInARowOnTheRight) {
+    compare({
+        {"one", [](Plot& plot) { addMap(plot, 3.0); }, 300, 200, "71,30 156x125"},
+        {"titled", [](Plot& plot) { addMap(plot, 3.0, "Colors"); }, 300, 200,
+         "71,30 135x125 | Colors 269,115.9"},
+        {"two",
+         [](Plot& plot) {
+             addMap(plot, 3.0, "Colors");
+             addMap(plot, 1000.0, "More");
+         },
+         600, 200, "71,30 344x125 | Colors 478,115.9 | More 569,108.1"},
+        {"one of two",
+         [](Plot& plot) {
+             addMap(plot, 3.0, "Colors");
+             addMap(plot, 1000.0, "More");
+         },
+         250, 200, "71,30 85x125 | Colors 219,115.9"},
+        {"beside a second axis and a legend",
+         [](Plot& plot) {
+             enable(plot, {0, 1, 2});
+             plot.axis(1).setTitle("Right");
+             addMap(plot, 3.0, "Colors");
+             addLine(plot, "One");
+             addLine(plot, "Two");
+             plot.legend().setPosition(LegendPosition::OutsideRight);
+         },
+         400, 200, "71,30 99x125 | Right 255,112 | Colors 325,115.9 | One 367,49 | Two 367,65"},
+    });
+}
+
+TEST(PlotLayout, DetailsAreLeftOutWhereTheCanvasWouldBeSmallerThanTwentyEightPixels) {
+    for (const bool tall : {false, true}) {
+        Plot plot;
+        plot.setTitle("Title");
+        plot.axis(2).setTitle("Bottom");
+        plot.setAxisScale(0, 0.0, 10.0);
+        double before = 1000.0;
+        std::size_t texts = 1000;
+        int changes = 0;
+        for (int size = 300; size > 20; --size) {
+            RecordingPainter painter;
+            plot.renderInto(painter, tall ? size : 300, tall ? 300 : size);
+            const Rect canvas = plot.canvasRect();
+            const double side = std::min(canvas.width, canvas.height);
+            const std::size_t titles = painter.text().find("Title") != std::string::npos ? 2 : 1;
+            const std::size_t now = painter.count("drawText") == 0 ? 0 : titles;
+            if (now > 0) {
+                EXPECT_GE(side, 28.0) << size;
+            }
+            if (now < texts && texts < 1000) {
+                EXPECT_EQ(before, 28.0) << size;
+                ++changes;
+            }
+            texts = now;
+            before = side;
+        }
+        EXPECT_EQ(changes, tall ? 1 : 2);
+    }
+}
+
+TEST(PlotLayout, AxesHaveAsManyTicksAsTheirLengthHasRoomFor) {
+    for (int size = 160; size < 6000; size += size < 1000 ? 31 : 441) {
+        Plot plot;
+        plot.setAxisScale(0, 0.0, 97.0);
+        plot.setAxisScale(2, 0.0, 97.0);
+        RecordingPainter painter;
+        plot.renderInto(painter, size, size);
+        const Rect canvas = plot.canvasRect();
+        // Three and five times the size of the font apart.
+        const auto count = [](double length, double distance) {
+            const int wanted = std::clamp(static_cast<int>(length / distance) + 1, 3, 60);
+            return Scale().ticks(0.0, 97.0, most(wanted)).major.size();
+        };
+        EXPECT_EQ(painter.count("drawText"), count(canvas.height, 36.0) + count(canvas.width, 60.0))
+            << size;
+    }
+}
+
+TEST(PlotLayout, CategoriesAreAllNamedAsLongAsTheirNamesKeepTheirDistance) {
+    for (const bool horizontal : {false, true}) {
+        int changes = 0;
+        bool before = false;
+        for (int size = horizontal ? 470 : 180; size < (horizontal ? 530 : 230); ++size) {
+            Plot plot;
+            const int id = horizontal ? 2 : 0;
+            enable(plot, {id});
+            plot.axis(id).setScale(Scale::categorical(std::vector<std::string>(10, "12345")));
+            plot.setAxisScale(id, -0.5, 9.5);
+            RecordingPainter painter;
+            plot.renderInto(painter, horizontal ? size : 200, horizontal ? 200 : size);
+            const Rect canvas = plot.canvasRect();
+            // Five characters of 7.2 pixels and a gap of 9.6, or a line of 16.
+            const bool all =
+                horizontal ? canvas.width / 10.0 >= 45.6 : canvas.height / 10.0 >= 16.0;
+            // Right at the limit, rounding decides.
+            if (horizontal ? canvas.width != 456.0 : canvas.height != 160.0) {
+                EXPECT_EQ(painter.count("drawText") == 10, all) << size;
+            }
+            changes += all != before ? 1 : 0;
+            before = all;
+        }
+        EXPECT_EQ(changes, 1);
+    }
+}
+
+TEST(PlotLayout, EveryNameOfALegendIsShownOrCounted) {
+    for (const LegendPosition position :
+         {LegendPosition::TopLeft, LegendPosition::OutsideRight, LegendPosition::OutsideTop}) {
+        int shownOnce = 0;
+        int countedOnce = 0;
+        for (int size = 330; size < 700; size += 17) {
+            for (const int names : {1, 2, 3, 7, 12}) {
+                Plot plot;
+                for (int i = 0; i < names; ++i)
+                    addLine(plot, "Name" + std::string(static_cast<std::size_t>(i), 'x'));
+                plot.legend().setVisible(true);
+                plot.legend().setPosition(position);
+                RecordingPainter painter;
+                plot.renderInto(painter, size, std::min(size, 260));
+                int shown = 0;
+                int counted = 0;
+                for (const std::string& line : painter.linesOf("drawText")) {
+                    const auto more = line.find("\"+ ");
+                    if (line.find("\"N") != std::string::npos)
+                        ++shown;
+                    else if (more != std::string::npos)
+                        counted += std::stoi(line.substr(more + 3));
+                }
+                if (shown + counted > 0) {
+                    EXPECT_EQ(shown + counted, names) << size;
+                }
+                EXPECT_NE(counted, 1) << "One more takes the line of its name." << size;
+                shownOnce += shown == names ? 1 : 0;
+                countedOnce += counted > 0 ? 1 : 0;
+            }
+        }
+        EXPECT_GT(shownOnce, 30);
+        EXPECT_GT(countedOnce, 5);
+    }
+}
