@@ -77,8 +77,7 @@ LegendLayout layoutLegendRows(const std::vector<LegendName>& names, double width
             ++row;
             x = 0.0;
         }
-        const bool counts =
-            row + 1 == mostRows && x > 0.0 && x + extent + reserve > width && i + 1 < names.size();
+        const bool counts = row + 1 == mostRows && x > 0.0 && x + extent + reserve > width;
         if (counts) {
             text = moreText(names.size() - i);
             extent = width;

@@ -42,14 +42,13 @@ struct Ladder {
 };
 
 // The ticks of a grid; values that round to the same double are made once.
-Ladder climb(const TickGrid& grid, double min, double max) {
+Ladder climb(const TickGrid& grid) {
     Ladder ladder;
     ladder.set.major.reserve(static_cast<std::size_t>(grid.count));
     ladder.digits.reserve(static_cast<std::size_t>(grid.count));
     for (std::int64_t i = 0; i < grid.count; ++i) {
         const double value = grid.value(i);
-        if (value < min || value > max ||
-            (!ladder.set.major.empty() && !(value > ladder.set.major.back().value)))
+        if (!ladder.set.major.empty() && !(value > ladder.set.major.back().value))
             continue;
         ladder.set.major.push_back({value, {}, {}});
         ladder.digits.push_back(grid.digits(i));
@@ -77,16 +76,13 @@ TickGrid gridOver(double min, double max, Decimal step) {
     const auto value = [&grid](std::int64_t index) {
         return Decimal{index * grid.step.digits, grid.step.exponent}.toDouble();
     };
-    // The quotients are off by a few units at most; these loops are about that long.
-    auto first = static_cast<std::int64_t>(std::ceil(quotient(min, step)));
-    auto last = static_cast<std::int64_t>(std::floor(quotient(max, step)));
-    for (int i = 0; i < 8 && value(first - 1) >= min; ++i)
-        --first;
-    for (int i = 0; i < 8 && value(first) < min; ++i)
+    // The quotients are off by a few units at most.
+    constexpr std::int64_t few = 3;
+    auto first = static_cast<std::int64_t>(std::ceil(quotient(min, step))) - few;
+    auto last = static_cast<std::int64_t>(std::floor(quotient(max, step))) + few;
+    while (value(first) < min)
         ++first;
-    for (int i = 0; i < 8 && value(last + 1) <= max; ++i)
-        ++last;
-    for (int i = 0; i < 8 && value(last) > max; ++i)
+    while (value(last) > max)
         --last;
     grid.first = first;
     grid.count = std::max(last - first + 1, std::int64_t{0});
@@ -156,21 +152,21 @@ TickSet linearTicks(double min, double max, const TickRequest& request) {
     Decimal minor;
     if (request.step > 0.0 && std::isfinite(request.step))
         grid = gridOfOwnStep(min, max, request.step, maxMajor);
-    Ladder ladder = climb(grid, min, max);
+    Ladder ladder = climb(grid);
     if (ladder.digits.empty()) {
         Decimal step = niceStep(min, max, maxMajor);
-        ladder = climb(gridOver(min, max, step), min, max);
+        ladder = climb(gridOver(min, max, step));
         // Near the spacing of doubles, rounding may bring in a tick from right outside.
         while (static_cast<int>(ladder.digits.size()) > maxMajor) {
             step = nextStepAbove(step);
-            ladder = climb(gridOver(min, max, step), min, max);
+            ladder = climb(gridOver(min, max, step));
         }
         // So few ticks were wanted that the range may lie between two of them.
         for (int i = 0; i < 12 && ladder.digits.empty(); ++i) {
             step = nextStepBelow(step);
             grid = gridOver(min, max, step);
             grid.count = std::min<std::int64_t>(grid.count, maxMajor);
-            ladder = climb(grid, min, max);
+            ladder = climb(grid);
         }
         grid.step = step;
         minor = minorStep(step);
@@ -186,7 +182,7 @@ TickSet linearTicks(double min, double max, const TickRequest& request) {
     set.minor.reserve(static_cast<std::size_t>(fine.count));
     for (std::int64_t i = 0; i < fine.count; ++i) {
         const double value = fine.value(i);
-        if (value >= min && value <= max && (set.minor.empty() || value > set.minor.back()))
+        if (set.minor.empty() || value > set.minor.back())
             set.minor.push_back(value);
     }
     dropMajors(set.minor, set.major);

@@ -58,14 +58,11 @@ Powers powersWithin(double min, double max, double base) {
     const double highest = std::floor(log(max));
     if (!(std::abs(lowest) < 1e9 && std::abs(highest) < 1e9))
         return {};
-    Powers powers{static_cast<int>(lowest), static_cast<int>(highest)};
-    for (int i = 0; i < 4 && powerOf(base, powers.first - 1) >= min; ++i)
-        --powers.first;
-    for (int i = 0; i < 4 && powerOf(base, powers.first) < min; ++i)
+    // The logarithms are off by less than one.
+    Powers powers{static_cast<int>(lowest) - 1, static_cast<int>(highest) + 1};
+    while (powerOf(base, powers.first) < min)
         ++powers.first;
-    for (int i = 0; i < 4 && powerOf(base, powers.last + 1) <= max; ++i)
-        ++powers.last;
-    for (int i = 0; i < 4 && powerOf(base, powers.last) > max; ++i)
+    while (powerOf(base, powers.last) > max)
         --powers.last;
     return powers;
 }
@@ -128,7 +125,7 @@ TickSet powerTicks(double min, double max, double base, int step, const TickRequ
     const auto start = -floorDiv(-std::int64_t{powers.first}, between) * between;
     for (std::int64_t power = start; power <= powers.last; power += between) {
         const double value = powerOf(base, static_cast<int>(power));
-        if (value >= min && value <= max && (set.minor.empty() || value > set.minor.back()))
+        if (set.minor.empty() || value > set.minor.back())
             set.minor.push_back(value);
     }
     return set;

@@ -155,12 +155,10 @@ void labelNumbers(TickSet& set, const std::vector<std::int64_t>& digits, int exp
         return;
     }
     // A step of the user's own may have more digits than anybody wants to read.
-    const int tooMany = digitCount(digits.back() - digits.front()) - labelDigits;
-    const std::int64_t unit = tooMany > 0 ? integerPower10(tooMany) : 1;
-    const auto rounded = [unit](std::int64_t n) {
-        return unit == 1 ? n : floorDiv(n + unit / 2, unit);
-    };
-    exponent += std::max(tooMany, 0) + format.shift();
+    const int tooMany = std::max(digitCount(digits.back() - digits.front()) - labelDigits, 0);
+    const std::int64_t unit = integerPower10(tooMany);
+    const auto rounded = [unit](std::int64_t n) { return floorDiv(n + unit / 2, unit); };
+    exponent += tooMany + format.shift();
     const CommonParts common =
         commonParts(rounded(digits.front()), rounded(digits.back()), exponent);
     for (std::size_t i = 0; i < digits.size(); ++i)

@@ -3,6 +3,7 @@
 #include "support/TickTexts.h"
 
 #include <zembra/chart/Plot.h>
+#include <zembra/scale/NumberFormat.h>
 #include <zembra/scale/Scale.h>
 #include <zembra/series/HeatMapSeries.h>
 #include <zembra/series/LineSeries.h>
@@ -351,4 +352,39 @@ TEST(PlotLayout, EveryNameOfALegendIsShownOrCounted) {
         EXPECT_GT(shownOnce, 30);
         EXPECT_GT(countedOnce, 5);
     }
+}
+
+TEST(PlotLayout, NamesKeepApartFromTheLongestOfThem) {
+    for (const std::size_t longest : {0u, 1u, 5u, 9u}) {
+        Plot plot;
+        enable(plot, {2});
+        std::vector<std::string> names(10, "1");
+        names[longest] = "12345678";
+        plot.axis(2).setScale(Scale::categorical(names));
+        plot.setAxisScale(2, -0.5, 9.5);
+        // Room for one character and its gap, but not beside eight of them.
+        RecordingPainter painter;
+        plot.renderInto(painter, 380, 200);
+        EXPECT_LT(painter.count("drawText"), 10u) << longest;
+    }
+}
+
+TEST(PlotLayout, TicksOnceThinnedStayThinWhileTheSpanStays) {
+    Plot plot;
+    enable(plot, {2});
+    plot.axis(2).setNumberFormat(NumberFormat::custom([](double v) {
+        return v == 1000.0 ? std::string("a very long text") : std::to_string(static_cast<int>(v));
+    }));
+    const auto count = [&plot](double min, double max) {
+        plot.setAxisScale(2, min, max);
+        RecordingPainter painter;
+        plot.renderInto(painter, 640, 200);
+        return painter.count("drawText");
+    };
+    const std::size_t many = count(0.0, 10.0);
+    EXPECT_LT(count(995.0, 1005.0), many);
+    EXPECT_EQ(count(0.0, 10.0), 6u);
+    // Another span begins anew.
+    EXPECT_EQ(count(0.0, 10.1), many);
+    EXPECT_EQ(count(0.0, 10.0), many);
 }

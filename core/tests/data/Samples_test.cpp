@@ -273,3 +273,18 @@ TEST(Samples, OnlyRingsGrow) {
     EXPECT_EQ(copy.size(), 1u);
     EXPECT_EQ(copy.revision(), 1u);
 }
+
+TEST(Samples, EverySingleSampleOfARingCountsAtOnce) {
+    constexpr std::size_t capacity = 1100;
+    Samples ring = Samples::streamed(capacity);
+    for (std::size_t i = 0; i < capacity; ++i)
+        ring.append(static_cast<double>(i), 0.0);
+    for (std::size_t i = 0; i < 2 * capacity; ++i) {
+        // A peak that the next sample's neighbours do not have, and later its end.
+        const double peak = 1.0 + static_cast<double>(i);
+        ASSERT_EQ(ring.yExtent(0, capacity).max, i == 0 ? 0.0 : peak - 1.0);
+        ring.append(static_cast<double>(capacity + i), peak);
+        ASSERT_EQ(ring.yExtent(0, capacity).max, peak) << i;
+        ASSERT_EQ(ring.yExtent(0, capacity).min, i + 1 < capacity ? 0.0 : peak + 1.0 - capacity);
+    }
+}

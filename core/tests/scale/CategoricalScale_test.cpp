@@ -55,3 +55,52 @@ TEST(CategoricalScale, RangesKeepHalfAStepOnBothSides) {
     EXPECT_EQ(scale.autoRange({}, 0.05), (Interval{-0.5, 2.5}));
     EXPECT_EQ(Scale::categorical({}).autoRange({}, 0.05), (Interval{-0.5, 0.5}));
 }
+
+TEST(CategoricalScale, NamesAreSkippedEvenlyUntilNoMoreThanWantedAreLeft) {
+    struct Case {
+        int names;
+        double min, max;
+        int maxMajor;
+        std::vector<double> ticks;
+    };
+    const Case cases[] = {
+        {11, 0, 10, 11, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}},
+        {11, 0, 10, 10, {0, 2, 4, 6, 8, 10}},
+        {11, 0, 10, 5, {0, 3, 6, 9}},
+        {11, 0, 10, 3, {0, 5, 10}},
+        {11, 0, 10, 2, {0, 10}},
+        {11, 0, 10, 1, {0}},
+        {11, -0.5, 10.5, 6, {0, 2, 4, 6, 8, 10}},
+        {11, -100, 100, 11, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}},
+        {11, 2.5, 7.5, 6, {3, 4, 5, 6, 7}},
+        {11, 3, 7, 4, {4, 6}},
+        {11, 10.5, 20, 4, {}},
+        {11, -3, -0.5, 4, {}},
+        {11, 9.5, 12, 4, {10}},
+    };
+    for (const Case& c : cases) {
+        std::vector<std::string> names(static_cast<std::size_t>(c.names), "name");
+        TickRequest request;
+        request.maxMajor = c.maxMajor;
+        std::vector<double> values;
+        for (const Tick& tick : Scale::categorical(names).ticks(c.min, c.max, request).major)
+            values.push_back(tick.value);
+        EXPECT_EQ(values, c.ticks) << c.min << " to " << c.max << ": " << c.maxMajor;
+    }
+}
+
+TEST(CategoricalScale, AutomaticRangesHoldWholeCategories) {
+    const Scale scale = Scale::categorical({"a", "b", "c", "d", "e"});
+    struct Case {
+        Interval data, range;
+    };
+    constexpr Case cases[] = {
+        {{0.0, 4.0}, {-0.5, 4.5}},    {{1.0, 3.0}, {0.5, 3.5}},   {{0.6, 2.4}, {0.5, 2.5}},
+        {{-0.4, 4.4}, {-0.5, 4.5}},   {{-0.5, 4.5}, {-0.5, 4.5}}, {{0.5, 1.5}, {0.5, 1.5}},
+        {{-0.75, 4.75}, {-1.5, 5.5}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(scale.autoRange(c.data, 0.0), c.range) << c.data.min << " to " << c.data.max;
+    EXPECT_EQ(scale.autoRange({}, 0.0), (Interval{-0.5, 4.5}));
+    EXPECT_EQ(Scale::categorical({}).autoRange({}, 0.0), (Interval{-0.5, 0.5}));
+}

@@ -81,3 +81,28 @@ TEST(CustomScale, FunctionsThatFailPlaceNothing) {
         EXPECT_TRUE(range.min < range.max && std::isfinite(range.min) && std::isfinite(range.max));
     }
 }
+
+TEST(CustomScale, ASingleValueGetsHalfOfItselfOnEitherSide) {
+    const auto same = [](double v) { return v; };
+    const Scale scale = Scale::custom(same, same);
+    EXPECT_EQ(scale.autoRange({8.0, 8.0}, 0.1), (Interval{4.0, 12.0}));
+    EXPECT_EQ(scale.autoRange({-8.0, -8.0}, 0.1), (Interval{-12.0, -4.0}));
+    EXPECT_EQ(scale.autoRange({0.0, 0.0}, 0.1), (Interval{-1.0, 1.0}));
+}
+
+TEST(CustomScale, WithoutDataItShowsTheFirstOfTheUsualRangesThatItHolds) {
+    const auto same = [](double v) { return v; };
+    struct Case {
+        Interval domain, range;
+    };
+    constexpr Case cases[] = {
+        {{-5.0, 5.0}, {0.0, 1.0}},        {{0.0, 1.0}, {0.0, 1.0}},
+        {{0.5, 20.0}, {1.0, 10.0}},       {{1.0, 10.0}, {1.0, 10.0}},
+        {{0.0, 0.5}, {0.0, 0.5}},         {{20.0, 30.0}, {20.0, 21.0}},
+        {{-30.0, -20.0}, {-21.0, -20.0}}, {{20.0, 20.25}, {20.0, 20.25}},
+        {{0.25, 4.0}, {0.25, 1.25}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(Scale::custom(same, same, c.domain).autoRange({}, 0.0), c.range)
+            << c.domain.min << " to " << c.domain.max;
+}

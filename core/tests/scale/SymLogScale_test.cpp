@@ -115,3 +115,21 @@ TEST(SymLogScale, TicksBelowZeroFollowTheFormat) {
     request.format = &format;
     EXPECT_EQ(labelLine(Scale::symLog().ticks(-1e6, -1e3, request)), "−1×10⁶ −1×10⁵ −1×10⁴ −1×10³");
 }
+
+TEST(SymLogScale, RangesNearZeroHaveLinearTicksThatKeepApartAtTheFarEnd) {
+    struct Case {
+        double min, max;
+        int maxMajor;
+        const char* labels;
+    };
+    constexpr Case cases[] = {
+        {-1, 9, 8, "0 5"},      {-9, 1, 8, "−5 0"},       {0, 10, 10, "0 5 10"},
+        {0, 11, 10, "0 1 10"},  {-10, 10, 6, "−10 0 10"}, {0, 2, 9, "0.0 0.5 1.0 1.5 2.0"},
+        {-2, 2.9, 9, "−2 0 2"}, {1, 8, 12, "2 4 6 8"},    {-8, -1, 12, "−8 −6 −4 −2"},
+        {2.9, 40, 5, "10 20"},  {3, 40, 5, "5 10 20"},    {-40, -3, 5, "−20 −10 −5"},
+        {-5, 9, 2, "0"},        {-9, 5, 3, "−5 0 5"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(labelLine(Scale::symLog().ticks(c.min, c.max, most(c.maxMajor))), c.labels)
+            << c.min << " to " << c.max << ": " << c.maxMajor;
+}
