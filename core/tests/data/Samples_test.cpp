@@ -288,3 +288,19 @@ TEST(Samples, EverySingleSampleOfARingCountsAtOnce) {
         ASSERT_EQ(ring.yExtent(0, capacity).min, i + 1 < capacity ? 0.0 : peak + 1.0 - capacity);
     }
 }
+
+TEST(Samples, ZerosAndNegativesAmongManyDoNotCountUnderALogarithm) {
+    for (const double other : {0.0, -0.0, -5.0}) {
+        std::vector<double> y(5000, 3.0);
+        y[70] = 0.5;
+        y[4000] = 40.0;
+        for (const std::size_t i : {0u, 64u, 300u, 4097u, 4999u})
+            y[i] = other;
+        const std::vector<float> yf(y.begin(), y.end());
+        for (const Samples& samples :
+             {Samples(countUp(y.size(), 1.0), y), Samples::evenlySpaced(1.0, 1.0, yf)}) {
+            EXPECT_EQ(samples.bounds(Scale(), Scale::log()).y, (Interval{0.5, 40.0}));
+            EXPECT_EQ(samples.bounds(Scale(), Scale()).y, (Interval{std::min(other, 0.5), 40.0}));
+        }
+    }
+}

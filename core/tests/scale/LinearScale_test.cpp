@@ -52,10 +52,10 @@ TEST(LinearScale, MinorTicksEndWhereNumbersFallTogether) {
         double min, max;
         std::size_t major, minor;
     };
-    constexpr Case cases[] = {{1, 1 + 8 * ulp, 9, 0},   {1, 1 + 40 * ulp, 9, 0},
-                              {1, 1 + 80 * ulp, 9, 27}, {1e15, 1e15 + 40, 9, 32},
-                              {1e15, 1e15 + 8, 9, 32},  {1e16, 1e16 + 40, 9, 0},
-                              {1e16, 1e16 + 10, 6, 0},  {-1.7e308, 1.7e308, 7, 28}};
+    constexpr Case cases[] = {
+        {1, 1 + 8 * ulp, 9, 0},   {1, 1 + 40 * ulp, 9, 0}, {1, 1 + 80 * ulp, 9, 27},
+        {1e15, 1e15 + 40, 9, 32}, {1e15, 1e15 + 8, 9, 32}, {1e16, 1e16 + 40, 9, 0},
+        {5e15, 5e15 + 20, 5, 16}, {1e16, 1e16 + 10, 6, 0}, {-1.7e308, 1.7e308, 7, 28}};
     for (const Case& c : cases) {
         const TickSet set = Scale().ticks(c.min, c.max, most(9));
         EXPECT_EQ(set.major.size(), c.major) << c.min << " to " << c.max;
