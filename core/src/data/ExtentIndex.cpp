@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ExtentIndex.h"
 
+#include "Lanes.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -13,37 +15,45 @@ namespace {
 template <class T>
 constexpr T infinity = std::numeric_limits<T>::infinity();
 
-// Several independent lanes let the compiler use vector instructions; a comparison with NaN is
-// false and so leaves the lane as it is.
-constexpr std::size_t lanes = 8;
-
+// A comparison with NaN is false and so leaves the extremes as they are.
 template <class T>
 void extremes(const T* values, std::size_t count, T& least, T& greatest) {
-    std::array<T, lanes> low;
-    std::array<T, lanes> high;
-    low.fill(infinity<T>);
-    high.fill(-infinity<T>);
+    using Values = Lanes<T>;
+    // Several at a time, because each has to wait for the one before it.
+    constexpr std::size_t rows = 4;
+    constexpr std::size_t stride = rows * Values::size;
+    std::array<Values, rows> low;
+    std::array<Values, rows> high;
+    low.fill(Values::all(infinity<T>));
+    high.fill(Values::all(-infinity<T>));
     std::size_t i = 0;
-    for (; i + lanes <= count; i += lanes) {
-        for (std::size_t lane = 0; lane < lanes; ++lane) {
-            const T v = values[i + lane];
-            low[lane] = v < low[lane] ? v : low[lane];
-            high[lane] = v > high[lane] ? v : high[lane];
+    for (; i + stride <= count; i += stride) {
+        for (std::size_t row = 0; row < rows; ++row) {
+            const Values v = Values::load(values + i + row * Values::size);
+            low[row].lower(v);
+            high[row].raise(v);
         }
+    }
+    for (std::size_t half = rows / 2; half > 0; half /= 2) {
+        for (std::size_t row = 0; row < half; ++row) {
+            low[row].lower(low[row + half]);
+            high[row].raise(high[row + half]);
+        }
+    }
+    std::array<T, Values::size> lows;
+    std::array<T, Values::size> highs;
+    low[0].store(lows.data());
+    high[0].store(highs.data());
+    least = lows[0];
+    greatest = highs[0];
+    for (std::size_t lane = 1; lane < Values::size; ++lane) {
+        least = lows[lane] < least ? lows[lane] : least;
+        greatest = highs[lane] > greatest ? highs[lane] : greatest;
     }
     for (; i < count; ++i) {
-        low[0] = values[i] < low[0] ? values[i] : low[0];
-        high[0] = values[i] > high[0] ? values[i] : high[0];
+        least = values[i] < least ? values[i] : least;
+        greatest = values[i] > greatest ? values[i] : greatest;
     }
-    // In pairs and without branches, which nothing could foretell.
-    for (std::size_t half = lanes / 2; half > 0; half /= 2) {
-        for (std::size_t lane = 0; lane < half; ++lane) {
-            low[lane] = low[lane + half] < low[lane] ? low[lane + half] : low[lane];
-            high[lane] = high[lane + half] > high[lane] ? high[lane + half] : high[lane];
-        }
-    }
-    least = low[0];
-    greatest = high[0];
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <zembra/data/Samples.h>
 
+#include "Lanes.h"
 #include "SampleStore.h"
 
 #include <limits>
@@ -9,20 +10,30 @@ namespace zembra {
 
 namespace {
 
-template <class X>
-bool rising(const X& x, std::size_t first, std::size_t last) {
-    constexpr std::size_t chunk = 4096;
-    // Without a branch inside, so that the loop runs at the speed of memory.
-    for (std::size_t begin = first; begin + 1 < last; begin += chunk) {
-        const std::size_t end = std::min(begin + chunk, last - 1);
-        unsigned ordered = 1;
-        for (std::size_t i = begin; i < end; ++i)
-            ordered &= static_cast<unsigned>(x[i] <= x[i + 1]);
-        if (!ordered)
+template <class T>
+bool rising(const T* x, std::size_t count) {
+    using Values = Lanes<T>;
+    constexpr std::size_t stride = 2 * Values::size;
+    constexpr std::size_t chunk = 512 * stride;
+    std::size_t i = 0;
+    while (i + stride < count) {
+        // Without a branch inside, so that the loop runs at the speed of memory.
+        typename Values::Order first;
+        typename Values::Order second;
+        const std::size_t end = i + std::min(chunk, (count - 1 - i) / stride * stride);
+        for (; i < end; i += stride) {
+            first.expect(Values::load(x + i), Values::load(x + i + 1));
+            second.expect(Values::load(x + i + Values::size),
+                          Values::load(x + i + Values::size + 1));
+        }
+        if (!first.isKept() || !second.isKept())
             return false;
     }
+    for (; i + 1 < count; ++i)
+        if (!(x[i] <= x[i + 1]))
+            return false;
     // One NaN alone has no neighbour that would tell.
-    return last == first || !std::isnan(x[first]);
+    return count == 0 || !std::isnan(x[0]);
 }
 
 bool placeable(double value, bool positive) {
@@ -36,9 +47,9 @@ bool Samples::Store::isSorted() const {
         return breaks == 0 && (count == 0 || !std::isnan(x[slot(0)]));
     if (!sorted) {
         if (x)
-            sorted = rising(x, 0, count);
+            sorted = rising(x, count);
         else if (xf)
-            sorted = rising(xf, 0, count);
+            sorted = rising(xf, count);
         else
             sorted = even.step > 0.0 && std::isfinite(even[0]) && std::isfinite(even[count]);
     }

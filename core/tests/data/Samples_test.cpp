@@ -54,6 +54,45 @@ void compareWithHand() {
     }
 }
 
+// One extreme and one gap anywhere must not escape, whichever way values are looked at together.
+template <class T>
+void moveAnExtremeAndAGap() {
+    for (std::size_t count = 1; count < 70; ++count) {
+        for (std::size_t place = 0; place < count; ++place) {
+            for (const T extreme : {T(-3), T(3)}) {
+                std::vector<T> values(count, T(1));
+                values[(place + 5) % count] = static_cast<T>(missing);
+                values[place] = extreme;
+                const Samples samples = Samples::borrowedEvenlySpaced(0.0, 1.0, values);
+                ASSERT_EQ(samples.yExtent(0, count), extentByHand(values, 0, count))
+                    << count << ": " << place;
+            }
+        }
+    }
+}
+
+template <class T>
+bool areInOrder(const std::vector<T>& x) {
+    return Samples::borrowed(x, x).isSorted();
+}
+
+template <class T>
+void breakTheOrderAnywhere() {
+    for (std::size_t count = 1; count < 70; ++count) {
+        std::vector<T> x(count);
+        for (std::size_t i = 0; i < count; ++i)
+            x[i] = static_cast<T>(i / 2);
+        ASSERT_TRUE(areInOrder(x));
+        for (std::size_t place = 0; place < count; ++place) {
+            std::vector<T> broken = x;
+            broken[place] = static_cast<T>(missing);
+            ASSERT_FALSE(areInOrder(broken)) << count << ": " << place;
+            broken[place] = T(-1);
+            ASSERT_EQ(areInOrder(broken), place == 0) << count << ": " << place;
+        }
+    }
+}
+
 std::vector<double> countUp(std::size_t count, double start = 0.0) {
     std::vector<double> values(count);
     for (std::size_t i = 0; i < count; ++i)
@@ -66,6 +105,8 @@ std::vector<double> countUp(std::size_t count, double start = 0.0) {
 TEST(Samples, ExtentsAreThoseOfALookAtEverySample) {
     compareWithHand<double>();
     compareWithHand<float>();
+    moveAnExtremeAndAGap<double>();
+    moveAnExtremeAndAGap<float>();
 }
 
 TEST(Samples, TakeLessThanAByteOfIndexForEach) {
@@ -97,6 +138,8 @@ TEST(Samples, AreSortedWhereNoXIsBelowItsPredecessor) {
         ring.append(c.x, std::vector<double>(c.x.size()));
         EXPECT_EQ(ring.isSorted(), c.sorted);
     }
+    breakTheOrderAnywhere<double>();
+    breakTheOrderAnywhere<float>();
     std::vector<double> x = countUp(20000);
     EXPECT_TRUE(Samples(x, x).isSorted());
     for (std::size_t i : {1u, 4095u, 4096u, 4097u, 19999u}) {
