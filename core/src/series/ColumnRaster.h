@@ -39,6 +39,11 @@ private:
         int right = 0;
         int bottom = 0;
     };
+    // Where a point lies among the lines between strips, and its row.
+    struct Place {
+        double line;
+        float y;
+    };
     struct Strip {
         float low;
         float high;
@@ -50,16 +55,31 @@ private:
         std::vector<float> steepLow, steepHigh;
     };
 
-    void addSegment(Layer& layer, const Point& a, const Point& b);
+    // What is covered of some columns: at all, and in each of their strips.
+    struct Cover {
+        float low;
+        float high;
+        float solidLow;
+        float solidHigh;
+    };
+
+    Layer& nextLayer();
+    std::span<const Layer> usedLayers() const;
+    void addJoin(Layer& layer, const Point& a, const Point& b, const Point& c);
+    void addFlat(Layer& layer, const Point& a, const Point& b);
     void addEdge(Layer& layer, Point a, Point b);
-    void addSteep(Layer& layer, Point a, Point b);
+    static bool isSteep(const Place& a, const Place& b);
+    void addSteep(Layer& layer, const Place& a, const Place& b);
     void widen(Layer& layer);
     void settle();
+    Cover coverOf(int first, int last) const;
+    template <class Use>
+    void forEachTile(const Box& box, Use use) const;
     Box drawnBox() const;
     Box solidRows(Box drawn) const;
     Picture painted(const Box& box, const Color& color);
-    void fillTile(const Box& tile, const Color& color, std::uint8_t* pixels, int stride);
-    Box drawnRows(Box tile) const;
+    void fillTile(const Box& tile, const Cover& cover, const Color& color, std::uint8_t* pixels,
+                  int stride);
     void fillRows(const Box& tile, const Color& color, std::uint8_t* pixels, int stride);
 
     int left = 0;
@@ -74,6 +94,7 @@ private:
     std::array<Layer, 2> layers;
     std::size_t pieces = 0;
     std::vector<float> scratch;
+    std::vector<Cover> tileCovers;
     std::vector<float> tileCover;
 };
 
