@@ -2,10 +2,10 @@
 #include "Stroke.h"
 
 #include "Clip.h"
+#include "ClippedPath.h"
 #include "ColumnRaster.h"
 #include "MaskRaster.h"
 #include "PictureRuns.h"
-#include "Simplify.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,8 +18,6 @@ namespace {
 
 // Raster engines lose precision or break beyond this many pixels.
 constexpr double farthest = 16000.0;
-// No eye sees a line move by this much.
-constexpr double tolerance = 0.025;
 // Strokers take time that grows with the square of the points when a pen is wider than a pixel.
 constexpr std::size_t chunkSize = 16;
 constexpr double chunkLength = 300.0;
@@ -69,102 +67,13 @@ void forEachPart(std::span<const Point> piece, double width, Use use) {
     use(first, piece.size() - 1, Joint::Whole);
 }
 
-// A path, clipped and simplified.
-class Stroke {
-public:
-    void assign(std::span<const Point> path, const Rect& limits);
-    void scale(double factor);
-    bool runsOneWay() const;
-    double length() const;
-    std::size_t size() const { return points.size(); }
-    std::size_t pieceCount() const { return ends.size(); }
-    std::span<const Point> piece(std::size_t i) const {
-        const std::size_t begin = i == 0 ? 0 : ends[i - 1];
-        return std::span(points).subspan(begin, ends[i] - begin);
-    }
-
-private:
-    void endPiece() {
-        simplifier.finish();
-        if (points.size() > (ends.empty() ? 0 : ends.back()))
-            ends.push_back(points.size());
-    }
-
-    std::vector<Point> points;
-    std::vector<std::size_t> ends;
-    Simplifier simplifier{tolerance, points};
-};
-
-void Stroke::assign(std::span<const Point> path, const Rect& limits) {
-    points.clear();
-    ends.clear();
-    bool connected = false;
-    // Whether the point before lies within the limits.
-    bool joined = false;
-    for (std::size_t i = 0; i < path.size(); ++i) {
-        const Point& to = path[i];
-        const bool within = limits.contains(to);
-        if (joined && within) {
-            simplifier.add(to);
-            continue;
-        }
-        if (!isFinite(to)) {
-            endPiece();
-            connected = false;
-            joined = false;
-            continue;
-        }
-        if (!connected) {
-            endPiece();
-            if (within)
-                simplifier.add(to);
-        } else if (const auto part = clipSegment(path[i - 1], to, limits)) {
-            if (!joined) {
-                endPiece();
-                simplifier.add(part->first);
-            }
-            simplifier.add(part->second);
-            if (part->second != to)
-                endPiece();
-        }
-        connected = true;
-        joined = within;
-    }
-    endPiece();
-}
-
-void Stroke::scale(double factor) {
-    for (Point& point : points)
-        point = {point.x * factor, point.y * factor};
-}
-
-bool Stroke::runsOneWay() const {
-    bool right = true;
-    bool leftwards = true;
-    for (std::size_t i = 1; i < points.size() && (right || leftwards); ++i) {
-        right = right && points[i].x >= points[i - 1].x;
-        leftwards = leftwards && points[i].x <= points[i - 1].x;
-    }
-    return right || leftwards;
-}
-
-double Stroke::length() const {
-    double total = 0.0;
-    for (std::size_t i = 0; i < pieceCount(); ++i) {
-        const auto p = piece(i);
-        for (std::size_t k = 1; k < p.size(); ++k)
-            total += std::abs(p[k].x - p[k - 1].x) + std::abs(p[k].y - p[k - 1].y);
-    }
-    return total;
-}
-
 bool isDashed(const Pen& pen) {
     return (pen.style() >= PenStyle::Dash && pen.style() <= PenStyle::DashDotDot) ||
            !pen.dashPattern().empty();
 }
 
 // How much of a path is drawn as lines on their own.
-double lineLength(const Stroke& stroke, double width) {
+double lineLength(const ClippedPath& stroke, double width) {
     double total = 0.0;
     for (std::size_t i = 0; i < stroke.pieceCount(); ++i) {
         const auto p = stroke.piece(i);
@@ -180,16 +89,18 @@ double lineLength(const Stroke& stroke, double width) {
 // Whether a picture is cheaper than polylines, by the measure of what strokers and fillers cost:
 // with a wide pen a stroker pays for every pixel of a steep path, and what must not overlap itself
 // cannot be drawn in parts.
-bool isDense(const Stroke& stroke, const Rect& area, double width, bool inOnePiece) {
+bool isDense(const ClippedPath& stroke, const Rect& area, double width, bool inOnePiece) {
     const auto size = static_cast<double>(stroke.size());
     if (size < 4.0)
         return false;
     const bool wide = width > 1.0;
-    const double length = stroke.length();
+    // Beyond this, it does not matter how long the path is.
+    const double enough = 60.0 * area.width;
     if (inOnePiece && wide)
-        return size > 64.0 || length > 4.0 * area.width;
-    if (size > 0.5 * area.width && size + length / 40.0 > 1.5 * area.width)
+        return size > 64.0 || stroke.length(enough) > 4.0 * area.width;
+    if (size > 0.5 * area.width && size + stroke.length(enough) / 40.0 > 1.5 * area.width)
         return true;
+    const double length = stroke.length();
     if (!wide || length <= 8.0 * area.width)
         return false;
     const double lines = lineLength(stroke, width);
@@ -197,7 +108,7 @@ bool isDense(const Stroke& stroke, const Rect& area, double width, bool inOnePie
 }
 
 template <class Raster>
-Raster& rastered(const Stroke& stroke, const Rect& area, double width) {
+Raster& rastered(const ClippedPath& stroke, const Rect& area, double width) {
     // Kept from frame to frame for its memory.
     thread_local Raster raster;
     raster.begin(area, width);
@@ -261,7 +172,7 @@ void addDashes(MaskRaster& raster, std::span<const Point> piece,
         raster.add(dash);
 }
 
-Picture rasteredDashes(const Stroke& stroke, const Rect& area, double width, const Pen& pen) {
+Picture rasteredDashes(const ClippedPath& stroke, const Rect& area, double width, const Pen& pen) {
     thread_local MaskRaster raster;
     raster.begin(area, width);
     const std::vector<double> lengths = dashLengths(pen, width);
@@ -365,8 +276,8 @@ void drawInParts(Painter& painter, std::span<const Point> piece, double width, c
 
 enum class Form { Whole, Sliced };
 
-SlicedPicture picturedStroke(const Stroke& stroke, const Rect& area, double width, const Pen& pen,
-                             Form form) {
+SlicedPicture picturedStroke(const ClippedPath& stroke, const Rect& area, double width,
+                             const Pen& pen, Form form) {
     // A path that crosses the canvas this often leaves no gaps to be seen.
     constexpr double crossings = 60.0;
     if (isDashed(pen) && stroke.length() < crossings * area.width)
@@ -380,8 +291,8 @@ SlicedPicture picturedStroke(const Stroke& stroke, const Rect& area, double widt
     return {rastered<MaskRaster>(stroke, area, width).finish(pen.color()), {}, {}};
 }
 
-void drawDense(Painter& painter, const Rect& area, Stroke& stroke, const Pen& pen, double width,
-               double ratio, FrameBuffers& buffers) {
+void drawDense(Painter& painter, const Rect& area, ClippedPath& stroke, const Pen& pen,
+               double width, double ratio, FrameBuffers& buffers) {
     // What a painter fills in a fraction of a frame.
     constexpr std::size_t mostRuns = 30000;
     if (ratio != 1.0) {
@@ -407,7 +318,7 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
     const double width = pen.widthF() > 0.0 ? pen.widthF() : 1.0;
     const Rect limits =
         intersected(area.grown(width), {-farthest, -farthest, 2.0 * farthest, 2.0 * farthest});
-    thread_local Stroke stroke;
+    thread_local ClippedPath stroke;
     stroke.assign(path, limits);
     const bool dashed = isDashed(pen);
     // Parts that overlap would show in translucent colours, and interrupt dashes.
