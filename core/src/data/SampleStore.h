@@ -18,6 +18,7 @@ struct EvenX {
     double start;
     double step;
     double operator[](std::size_t i) const { return start + static_cast<double>(i) * step; }
+    void fetch(std::size_t) const {}
 };
 
 /// An array read as doubles.
@@ -25,6 +26,12 @@ template <class T>
 struct ArrayOf {
     const T* values;
     double operator[](std::size_t i) const { return static_cast<double>(values[i]); }
+    /// Begins to bring a value near that is needed soon.
+    void fetch([[maybe_unused]] std::size_t i) const {
+#if defined(__GNUC__)
+        __builtin_prefetch(values + i);
+#endif
+    }
 };
 
 /// The memory behind `Samples`. Rings are told apart by `capacity`; their oldest sample lies at

@@ -23,6 +23,8 @@ constexpr std::size_t block = ExtentIndex::blockSize;
 constexpr std::size_t fewSamples = 4;
 // Up to here, the extremes of a strip are placed where they are.
 constexpr std::size_t someSamples = 32;
+// How many groups of samples are on their way from memory while one is looked at.
+constexpr std::size_t groupsAhead = 8;
 // How many strips a pixel column is split into: enough that the place of a spike within its pixel
 // shows in the shades of its edges.
 constexpr std::size_t stripsPerColumn = 8;
@@ -152,6 +154,12 @@ private:
             double px = toX(x[begin]);
             while (begin < end) {
                 const std::size_t next = std::min(begin / group * group + group, end);
+                // Otherwise every group would wait for its samples.
+                if (const std::size_t later = next + groupsAhead * group; later < end) {
+                    x.fetch(later);
+                    y.fetch(later - 1);
+                    y.fetch(later);
+                }
                 const double nextX = toX(x[next < end ? next : end - 1]);
                 addPart(begin, next, px, nextX);
                 begin = next;
