@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PlotPrivate.h"
 
+#include "paint/WideRegisters.h"
+
 #include <zembra/series/Canvas.h>
 
 #include <algorithm>
@@ -357,6 +359,7 @@ void Plot::Private::drawSeries(Painter& painter, const PlotLayout& layout, Frame
         canvas.setRuler([this](const std::string& text, const Font& font) {
             return measure.extent(text, font);
         });
+        releaseWideRegisters();
         s.draw(canvas);
     }
 }
