@@ -23,7 +23,7 @@ using zembra::test::RecordingPainter;
 
 namespace {
 
-std::string told(const Rect& rect) {
+std::string placeOf(const Rect& rect) {
     std::ostringstream text;
     text << rect.x << "," << rect.y << " " << rect.width << "x" << rect.height;
     return text.str();
@@ -34,7 +34,7 @@ std::string told(const Rect& rect) {
 std::string layoutOf(Plot& plot, int width, int height) {
     RecordingPainter painter;
     plot.renderInto(painter, width, height);
-    std::string text = told(plot.canvasRect());
+    std::string text = placeOf(plot.canvasRect());
     for (const std::string& line : painter.lines()) {
         const auto quote = line.find('"');
         if (quote == std::string::npos ||
@@ -51,11 +51,11 @@ std::string layoutOf(Plot& plot, int width, int height) {
     return text;
 }
 
-void addLine(Plot& plot, const std::string& name) {
+void addNamed(Plot& plot, const std::string& name) {
     plot.add<LineSeries>(std::vector{0.0, 10.0}, std::vector{0.0, 10.0}, name);
 }
 
-void addMap(Plot& plot, double max, const std::string& title = {}) {
+void addColors(Plot& plot, double max, const std::string& title = {}) {
     auto map = plot.add<HeatMapSeries>(Grid({0.0, 1.0, 2.0, 3.0}, 2, {0.0, 10.0}, {0.0, 10.0}));
     ColorScale colors;
     colors.setRange(0.0, max);
@@ -63,15 +63,15 @@ void addMap(Plot& plot, double max, const std::string& title = {}) {
     map->setColorScale(colors);
 }
 
-struct Case {
+struct LayoutCase {
     const char* what;
     std::function<void(Plot&)> prepare;
     int width, height;
     const char* layout;
 };
 
-void compare(const std::vector<Case>& cases) {
-    for (const Case& c : cases) {
+void compareLayouts(const std::vector<LayoutCase>& cases) {
+    for (const LayoutCase& c : cases) {
         Plot plot;
         for (int id = 0; id < 4; ++id)
             plot.setAxisScale(id, 0.0, 10.0);
@@ -80,18 +80,18 @@ void compare(const std::vector<Case>& cases) {
     }
 }
 
-void enable(Plot& plot, std::vector<int> axes) {
+void enableOnly(Plot& plot, std::vector<int> axes) {
     for (int id = 0; id < 4; ++id)
         plot.setAxisEnabled(id, std::find(axes.begin(), axes.end(), id) != axes.end());
 }
 
-const std::string words = "Words That Fill More Than Three Of The Lines There Are";
+const std::string manyWords = "Words That Fill More Than Three Of The Lines There Are";
 
 } // namespace
 
 TEST(PlotLayout, AxesTakeRoomForTicksLabelsAndTitles) {
     const auto all = [](Plot& plot) {
-        enable(plot, {0, 1, 2, 3});
+        enableOnly(plot, {0, 1, 2, 3});
         const char* const titles[] = {"Left", "Right", "Bottom", "Top"};
         for (int id = 0; id < 4; ++id)
             plot.axis(id).setTitle(titles[id]);
@@ -102,13 +102,13 @@ TEST(PlotLayout, AxesTakeRoomForTicksLabelsAndTitles) {
             plot.setAxisScale(id, 0.0, 86400.0);
         }
     };
-    compare({
-        {"none", [](Plot& plot) { enable(plot, {}); }, 300, 200, "12,12 276x176"},
+    compareLayouts({
+        {"none", [](Plot& plot) { enableOnly(plot, {}); }, 300, 200, "12,12 276x176"},
         {"two", [](Plot&) {}, 300, 200, "71,30 205x125"},
-        {"left", [](Plot& plot) { enable(plot, {0}); }, 300, 200, "71,30 217x158"},
-        {"right", [](Plot& plot) { enable(plot, {1}); }, 300, 200, "12,30 217x158"},
-        {"bottom", [](Plot& plot) { enable(plot, {2}); }, 300, 200, "24,12 252x143"},
-        {"top", [](Plot& plot) { enable(plot, {3}); }, 300, 200, "24,57 252x131"},
+        {"left", [](Plot& plot) { enableOnly(plot, {0}); }, 300, 200, "71,30 217x158"},
+        {"right", [](Plot& plot) { enableOnly(plot, {1}); }, 300, 200, "12,30 217x158"},
+        {"bottom", [](Plot& plot) { enableOnly(plot, {2}); }, 300, 200, "24,12 252x143"},
+        {"top", [](Plot& plot) { enableOnly(plot, {3}); }, 300, 200, "24,57 252x131"},
         {"all titles", all, 400, 300,
          "92,80 216x170 | Left 17,180.6 | Right 393,184.5 | Bottom 176.6,293 | Top 188.3,47"},
         {"times", times, 300, 200, "71,30 205x125 | Jan 1 1970 35,193 | Jan 2 1970 227,193"},
@@ -131,7 +131,7 @@ TEST(PlotLayout, AxesTakeRoomForTicksLabelsAndTitles) {
 }
 
 TEST(PlotLayout, TitlesStandAboveInAsManyLinesAsTheyMayTake) {
-    compare({
+    compareLayouts({
         {"title", [](Plot& plot) { plot.setTitle("Title"); }, 300, 200,
          "71,58 205x97 | Title 12,30"},
         {"subtitle", [](Plot& plot) { plot.setSubtitle("Sub"); }, 300, 200,
@@ -144,16 +144,16 @@ TEST(PlotLayout, TitlesStandAboveInAsManyLinesAsTheyMayTake) {
          300, 200, "71,75 205x80 | Title 12,30 | Sub 12,52"},
         {"long",
          [](Plot& plot) {
-             plot.setTitle(words);
-             plot.setSubtitle(words);
+             plot.setTitle(manyWords);
+             plot.setSubtitle(manyWords);
          },
          200, 300,
          "71,138 105x117 | Words That Fill 12,30 | More Than Three 12,53 | Of The Lines The… 12,76 "
          "| Words That Fill More 12,98 | Than Three Of The Lin… 12,115"},
         {"long without room for axis titles",
          [](Plot& plot) {
-             plot.setTitle(words);
-             plot.setSubtitle(words);
+             plot.setTitle(manyWords);
+             plot.setSubtitle(manyWords);
              plot.axis(2).setTitle("Bottom");
          },
          200, 140, "71,58 105x37 | Words That Fill… 12,30"},
@@ -163,19 +163,19 @@ TEST(PlotLayout, TitlesStandAboveInAsManyLinesAsTheyMayTake) {
 TEST(PlotLayout, LegendsStandInTheirCornerOrBesideTheCanvas) {
     const auto at = [](LegendPosition position) {
         return [position](Plot& plot) {
-            addLine(plot, "One");
-            addLine(plot, "Two");
+            addNamed(plot, "One");
+            addNamed(plot, "Two");
             plot.legend().setPosition(position);
         };
     };
     const auto many = [](LegendPosition position, int count) {
         return [position, count](Plot& plot) {
             for (int i = 0; i < count; ++i)
-                addLine(plot, "Name" + std::string(static_cast<std::size_t>(i % 4), 'x'));
+                addNamed(plot, "Name" + std::string(static_cast<std::size_t>(i % 4), 'x'));
             plot.legend().setPosition(position);
         };
     };
-    compare({
+    compareLayouts({
         {"automatic", at(LegendPosition::Automatic), 300, 200,
          "71,30 205x125 | One 114,57 | Two 114,73"},
         {"top left", at(LegendPosition::TopLeft), 300, 200,
@@ -193,7 +193,7 @@ TEST(PlotLayout, LegendsStandInTheirCornerOrBesideTheCanvas) {
         {"right of a second axis",
          [&](Plot& plot) {
              at(LegendPosition::OutsideRight)(plot);
-             enable(plot, {0, 1, 2});
+             enableOnly(plot, {0, 1, 2});
          },
          300, 200, "71,30 90x125 | One 267,49 | Two 267,65"},
         {"rows", many(LegendPosition::OutsideTop, 5), 300, 200,
@@ -214,29 +214,29 @@ TEST(PlotLayout, LegendsStandInTheirCornerOrBesideTheCanvas) {
 }
 
 TEST(PlotLayout, ColorBarsStandInARowOnTheRight) {
-    compare({
-        {"one", [](Plot& plot) { addMap(plot, 3.0); }, 300, 200, "71,30 156x125"},
-        {"titled", [](Plot& plot) { addMap(plot, 3.0, "Colors"); }, 300, 200,
+    compareLayouts({
+        {"one", [](Plot& plot) { addColors(plot, 3.0); }, 300, 200, "71,30 156x125"},
+        {"titled", [](Plot& plot) { addColors(plot, 3.0, "Colors"); }, 300, 200,
          "71,30 135x125 | Colors 269,115.9"},
         {"two",
          [](Plot& plot) {
-             addMap(plot, 3.0, "Colors");
-             addMap(plot, 1000.0, "More");
+             addColors(plot, 3.0, "Colors");
+             addColors(plot, 1000.0, "More");
          },
          600, 200, "71,30 344x125 | Colors 478,115.9 | More 569,108.1"},
         {"one of two",
          [](Plot& plot) {
-             addMap(plot, 3.0, "Colors");
-             addMap(plot, 1000.0, "More");
+             addColors(plot, 3.0, "Colors");
+             addColors(plot, 1000.0, "More");
          },
          250, 200, "71,30 85x125 | Colors 219,115.9"},
         {"beside a second axis and a legend",
          [](Plot& plot) {
-             enable(plot, {0, 1, 2});
+             enableOnly(plot, {0, 1, 2});
              plot.axis(1).setTitle("Right");
-             addMap(plot, 3.0, "Colors");
-             addLine(plot, "One");
-             addLine(plot, "Two");
+             addColors(plot, 3.0, "Colors");
+             addNamed(plot, "One");
+             addNamed(plot, "Two");
              plot.legend().setPosition(LegendPosition::OutsideRight);
          },
          400, 200, "71,30 99x125 | Right 255,112 | Colors 325,115.9 | One 367,49 | Two 367,65"},
@@ -298,7 +298,7 @@ TEST(PlotLayout, CategoriesAreAllNamedAsLongAsTheirNamesKeepTheirDistance) {
         for (int size = horizontal ? 470 : 180; size < (horizontal ? 530 : 230); ++size) {
             Plot plot;
             const int id = horizontal ? 2 : 0;
-            enable(plot, {id});
+            enableOnly(plot, {id});
             plot.axis(id).setScale(Scale::categorical(std::vector<std::string>(10, "12345")));
             plot.setAxisScale(id, -0.5, 9.5);
             RecordingPainter painter;
@@ -327,7 +327,7 @@ TEST(PlotLayout, EveryNameOfALegendIsShownOrCounted) {
             for (const int names : {1, 2, 3, 7, 12}) {
                 Plot plot;
                 for (int i = 0; i < names; ++i)
-                    addLine(plot, "Name" + std::string(static_cast<std::size_t>(i), 'x'));
+                    addNamed(plot, "Name" + std::string(static_cast<std::size_t>(i), 'x'));
                 plot.legend().setVisible(true);
                 plot.legend().setPosition(position);
                 RecordingPainter painter;
@@ -357,7 +357,7 @@ TEST(PlotLayout, EveryNameOfALegendIsShownOrCounted) {
 TEST(PlotLayout, NamesKeepApartFromTheLongestOfThem) {
     for (const std::size_t longest : {0u, 1u, 5u, 9u}) {
         Plot plot;
-        enable(plot, {2});
+        enableOnly(plot, {2});
         std::vector<std::string> names(10, "1");
         names[longest] = "12345678";
         plot.axis(2).setScale(Scale::categorical(names));
@@ -371,7 +371,7 @@ TEST(PlotLayout, NamesKeepApartFromTheLongestOfThem) {
 
 TEST(PlotLayout, TicksOnceThinnedStayThinWhileTheSpanStays) {
     Plot plot;
-    enable(plot, {2});
+    enableOnly(plot, {2});
     plot.axis(2).setNumberFormat(NumberFormat::custom([](double v) {
         return v == 1000.0 ? std::string("a very long text") : std::to_string(static_cast<int>(v));
     }));

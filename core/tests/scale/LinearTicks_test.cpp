@@ -20,11 +20,6 @@ namespace {
 
 using Count = std::int64_t;
 
-// `digits` × 10^`exponent`, as a reader of the text gets it.
-double number(Count digits, int exponent) {
-    return std::strtod((std::to_string(digits) + "e" + std::to_string(exponent)).c_str(), nullptr);
-}
-
 // 1, 2, 5, 10, 20 and so on.
 Count rung(int i) {
     constexpr Count leads[] = {1, 2, 5};
@@ -49,15 +44,15 @@ std::vector<Count> multiples(Count step, Count min, Count max) {
 }
 
 // Ranges whose ends are whole numbers, counted in a power of ten.
-struct Range {
+struct CountedRange {
     Count min = 0;
     Count max = 0;
     int exponent = 0;
 };
 
-std::vector<Range> someRanges() {
+std::vector<CountedRange> countedRanges() {
     std::mt19937 dice(7);
-    std::vector<Range> ranges;
+    std::vector<CountedRange> ranges;
     for (const int exponent : {-320, -315, -290, -27, -9, -4, 0, 3, 17, 280, 298}) {
         for (int i = 0; i < 24; ++i) {
             const Count far = i % 3 == 0 ? 90'000 : i % 3 == 1 ? 900 : 12;
@@ -71,24 +66,17 @@ std::vector<Range> someRanges() {
     return ranges;
 }
 
-std::vector<double> valuesOf(const TickSet& set) {
-    std::vector<double> values;
-    for (const Tick& tick : set.major)
-        values.push_back(tick.value);
-    return values;
-}
-
-std::vector<double> numbers(const std::vector<Count>& digits, int exponent) {
+std::vector<double> decimals(const std::vector<Count>& digits, int exponent) {
     std::vector<double> values;
     for (const Count d : digits)
-        values.push_back(number(d, exponent));
+        values.push_back(decimal(d, exponent));
     return values;
 }
 
 } // namespace
 
 TEST(LinearTicks, EveryMultipleOfTheSmallestStepThatFitsHasATickAndAllItsPartsHaveMinorOnes) {
-    for (const Range& range : someRanges()) {
+    for (const CountedRange& range : countedRanges()) {
         for (const int maxMajor : {1, 2, 3, 5, 8, 13, 60, 200}) {
             const Count span = range.max - range.min;
             int i = 0;
@@ -102,18 +90,18 @@ TEST(LinearTicks, EveryMultipleOfTheSmallestStepThatFitsHasATickAndAllItsPartsHa
             std::erase_if(minor, [&](Count n) {
                 return std::find(major.begin(), major.end(), n) != major.end();
             });
-            const TickSet set = Scale().ticks(number(range.min, range.exponent),
-                                              number(range.max, range.exponent), most(maxMajor));
-            ASSERT_EQ(valuesOf(set), numbers(major, range.exponent))
+            const TickSet set = Scale().ticks(decimal(range.min, range.exponent),
+                                              decimal(range.max, range.exponent), most(maxMajor));
+            ASSERT_EQ(valuesOf(set), decimals(major, range.exponent))
                 << range.min << " to " << range.max << "e" << range.exponent << ": " << maxMajor;
-            ASSERT_EQ(set.minor, numbers(minor, range.exponent))
+            ASSERT_EQ(set.minor, decimals(minor, range.exponent))
                 << range.min << " to " << range.max << "e" << range.exponent << ": " << maxMajor;
         }
     }
 }
 
 TEST(LinearTicks, AStepOfTheHostHasATickAtEveryMultipleAndNoMinorOnes) {
-    for (const Range& range : someRanges()) {
+    for (const CountedRange& range : countedRanges()) {
         for (const int maxMajor : {3, 11, 60}) {
             for (const Count step : {10'000, 30'000, 170'000, 12'345'000, 1'000'000'000}) {
                 if (range.max - range.min >= step * maxMajor)
@@ -122,12 +110,12 @@ TEST(LinearTicks, AStepOfTheHostHasATickAtEveryMultipleAndNoMinorOnes) {
                 if (major.empty())
                     continue;
                 TickRequest request = most(maxMajor);
-                request.step = number(step, range.exponent);
+                request.step = decimal(step, range.exponent);
                 if (request.step > 1e308)
                     continue;
-                const TickSet set = Scale().ticks(number(range.min, range.exponent),
-                                                  number(range.max, range.exponent), request);
-                ASSERT_EQ(valuesOf(set), numbers(major, range.exponent))
+                const TickSet set = Scale().ticks(decimal(range.min, range.exponent),
+                                                  decimal(range.max, range.exponent), request);
+                ASSERT_EQ(valuesOf(set), decimals(major, range.exponent))
                     << range.min << " to " << range.max << "e" << range.exponent << ": " << step;
                 ASSERT_TRUE(set.minor.empty());
             }

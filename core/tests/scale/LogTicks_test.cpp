@@ -18,17 +18,14 @@ using namespace zembra::test;
 
 namespace {
 
-double number(int digits, int exponent) {
-    return std::strtod((std::to_string(digits) + "e" + std::to_string(exponent)).c_str(), nullptr);
-}
-
 // All factors times powers of ten from `min` to `max`, the powers being multiples of `step`.
-std::vector<double> multiples(const std::vector<int>& factors, int step, double min, double max) {
+std::vector<double> powerMultiples(const std::vector<int>& factors, int step, double min,
+                                   double max) {
     std::vector<double> values;
     const auto end = static_cast<int>(std::log10(max)) + 1;
     for (int power = static_cast<int>(std::log10(min)) - 2; power <= end; ++power) {
         for (const int factor : factors) {
-            const double value = number(factor, power);
+            const double value = decimal(factor, power);
             if (power % step == 0 && value >= min && value <= max)
                 values.push_back(value);
         }
@@ -40,13 +37,6 @@ std::vector<double> without(std::vector<double> values, const std::vector<double
     std::erase_if(values, [&](double value) {
         return std::find(others.begin(), others.end(), value) != others.end();
     });
-    return values;
-}
-
-std::vector<double> valuesOf(const TickSet& set) {
-    std::vector<double> values;
-    for (const Tick& tick : set.major)
-        values.push_back(tick.value);
     return values;
 }
 
@@ -69,8 +59,8 @@ TEST(LogTicks, EveryPowerOrMultipleThatFitsHasATickAndTheRestMinorOnes) {
         std::uniform_int_distribution<int> powers(-far, far);
         std::uniform_int_distribution<int> leads(10, 99);
         // Every other range begins and ends at a power.
-        const double a = number(i % 2 == 0 ? 10 : leads(dice), powers(dice));
-        const double b = number(i % 4 < 2 ? 10 : leads(dice), powers(dice));
+        const double a = decimal(i % 2 == 0 ? 10 : leads(dice), powers(dice));
+        const double b = decimal(i % 4 < 2 ? 10 : leads(dice), powers(dice));
         const double min = std::min(a, b);
         const double max = std::max(a, b);
         const double decades = std::log10(max) - std::log10(min);
@@ -81,19 +71,19 @@ TEST(LogTicks, EveryPowerOrMultipleThatFitsHasATickAndTheRestMinorOnes) {
         const int step = stepAtLeast(room);
         std::vector<double> major;
         if (room < 0.30103)
-            major = multiples({1, 2, 5}, 1, min, max);
+            major = powerMultiples({1, 2, 5}, 1, min, max);
         else if (room < 0.47712 && decades < 2.0)
-            major = multiples({1, 3}, 1, min, max);
+            major = powerMultiples({1, 3}, 1, min, max);
         else
-            major = multiples({1}, step, min, max);
+            major = powerMultiples({1}, step, min, max);
         if (major.size() < 2 || major.size() > static_cast<std::size_t>(maxMajor))
             continue;
         ++told;
         const TickSet set = Scale::log().ticks(min, max, most(maxMajor));
         ASSERT_EQ(valuesOf(set), major) << min << " to " << max << ": " << maxMajor;
-        const auto minor = step == 1    ? multiples(oneToNine, 1, min, max)
-                           : step <= 10 ? multiples({1}, 1, min, max)
-                                        : multiples({1}, stepAtLeast(step / 10.0), min, max);
+        const auto minor = step == 1    ? powerMultiples(oneToNine, 1, min, max)
+                           : step <= 10 ? powerMultiples({1}, 1, min, max)
+                                        : powerMultiples({1}, stepAtLeast(step / 10.0), min, max);
         const bool divides = step <= 10 || step % stepAtLeast(step / 10.0) == 0;
         ASSERT_EQ(set.minor, divides ? without(minor, major) : std::vector<double>())
             << min << " to " << max << ": " << maxMajor;

@@ -360,7 +360,7 @@ std::vector<double> instantsOf(const std::string& unit, int count, double from, 
     return instants;
 }
 
-struct Step {
+struct CalendarCase {
     std::string unit;
     int count;
     // The step of the minor ticks.
@@ -368,10 +368,10 @@ struct Step {
     int minorCount;
 };
 
-const std::vector<Step>& steps() {
+const std::vector<CalendarCase>& calendarCases() {
     constexpr int m = 60;
     constexpr int h = 3600;
-    static const std::vector<Step> all = {
+    static const std::vector<CalendarCase> all = {
         {"second", 2, "", 0},
         {"second", 5, "second", 1},
         {"second", 10, "second", 2},
@@ -414,8 +414,9 @@ const std::vector<Step>& steps() {
 }
 
 // The first step that begins at just these instants of a range, or the end.
-std::vector<Step>::const_iterator stepOf(const std::vector<double>& major, double from, double to) {
-    return std::find_if(steps().begin(), steps().end(), [&](const Step& s) {
+std::vector<CalendarCase>::const_iterator stepOf(const std::vector<double>& major, double from,
+                                                 double to) {
+    return std::find_if(calendarCases().begin(), calendarCases().end(), [&](const CalendarCase& s) {
         const double unit = s.unit == "second"       ? 1.0
                             : s.unit == "day"        ? day
                             : s.unit == "week"       ? 7.0 * day
@@ -424,13 +425,6 @@ std::vector<Step>::const_iterator stepOf(const std::vector<double>& major, doubl
                                                      : 365.0 * day;
         return to - from < 300.0 * s.count * unit && instantsOf(s.unit, s.count, from, to) == major;
     });
-}
-
-std::vector<double> valuesOf(const TickSet& set) {
-    std::vector<double> values;
-    for (const Tick& tick : set.major)
-        values.push_back(tick.value);
-    return values;
 }
 
 } // namespace
@@ -450,11 +444,11 @@ TEST(TimeScale, EveryBeginningOfTheFinestStepThatFitsHasATickAndItsPartsHaveMino
             if (major.size() < 2)
                 continue;
             const auto step = stepOf(major, from, to);
-            ASSERT_NE(step, steps().end()) << from << " to " << to << ": " << maxMajor;
+            ASSERT_NE(step, calendarCases().end()) << from << " to " << to << ": " << maxMajor;
             ++told;
-            last = std::max(last, static_cast<std::size_t>(step - steps().begin()));
-            if (step != steps().begin()) {
-                const Step& finer = *(step - 1);
+            last = std::max(last, static_cast<std::size_t>(step - calendarCases().begin()));
+            if (step != calendarCases().begin()) {
+                const CalendarCase& finer = *(step - 1);
                 const bool isEven = step->unit == "second" && step->count <= 3600;
                 EXPECT_GE(instantsOf(finer.unit, finer.count, from - (isEven ? 0.0 : slack),
                                      to + (isEven ? 0.0 : slack))
@@ -472,7 +466,7 @@ TEST(TimeScale, EveryBeginningOfTheFinestStepThatFitsHasATickAndItsPartsHaveMino
         }
     }
     EXPECT_GT(told, 350);
-    EXPECT_GE(last, steps().size() - 2);
+    EXPECT_GE(last, calendarCases().size() - 2);
 }
 
 TEST(TimeScale, RangesBeyondTheLongestStepHaveTicksToo) {
@@ -509,7 +503,8 @@ TEST(TimeScale, TheStepDependsOnTheSpanAloneWhereverTheRangeLies) {
             const auto major = valuesOf(Scale::time("UTC").ticks(from, to, most(7)));
             ASSERT_LE(major.size(), 7u);
             if (major.size() > 3)
-                seen.insert(static_cast<std::size_t>(stepOf(major, from, to) - steps().begin()));
+                seen.insert(
+                    static_cast<std::size_t>(stepOf(major, from, to) - calendarCases().begin()));
         }
         EXPECT_LE(seen.size(), 1u) << span / day;
     }

@@ -71,7 +71,7 @@ struct Columns {
     double highAround(std::size_t i) const { return std::max({high[i - 1], high[i], high[i + 1]}); }
 };
 
-Columns drawn(const RecordingPainter& painter) {
+Columns columnsDrawn(const RecordingPainter& painter) {
     Columns columns;
     for (const char* operation : {"drawPolyline", "drawLine"}) {
         for (const std::string& line : painter.linesOf(operation)) {
@@ -118,7 +118,7 @@ TEST(SortedReduction, EveryColumnReachesAsFarAsItsSamplesAndNoFurther) {
                     LineSeries series(x, y);
                     series.setWidth(1.0);
                     stage.draw(series);
-                    const Columns actual = drawn(stage.painter());
+                    const Columns actual = columnsDrawn(stage.painter());
                     Columns expected;
                     for (std::size_t i = 0; i < count; ++i)
                         expected.add(stage.x().transform(x[i]), stage.y().transform(y[i]));
