@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "window/LoadJob.h"
+#include "LoadJob.h"
 
 #include <QWidget>
 

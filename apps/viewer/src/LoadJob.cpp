@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "window/LoadJob.h"
+#include "LoadJob.h"
 
 #include "Failure.h"
 
