@@ -61,7 +61,7 @@ void moveAnExtremeAndAGap() {
         for (std::size_t place = 0; place < count; ++place) {
             for (const T extreme : {T(-3), T(3)}) {
                 std::vector<T> values(count, T(1));
-                values[(place + 5) % count] = static_cast<T>(missing);
+                values[(place + 5) % count] = static_cast<T>(notANumber);
                 values[place] = extreme;
                 const Samples samples = Samples::borrowedEvenlySpaced(0.0, 1.0, values);
                 ASSERT_EQ(samples.yExtent(0, count), extentByHand(values, 0, count))
@@ -85,7 +85,7 @@ void breakTheOrderAnywhere() {
         ASSERT_TRUE(areInOrder(x));
         for (std::size_t place = 0; place < count; ++place) {
             std::vector<T> broken = x;
-            broken[place] = static_cast<T>(missing);
+            broken[place] = static_cast<T>(notANumber);
             ASSERT_FALSE(areInOrder(broken)) << count << ": " << place;
             broken[place] = T(-1);
             ASSERT_EQ(areInOrder(broken), place == 0) << count << ": " << place;
