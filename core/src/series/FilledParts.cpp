@@ -2,74 +2,86 @@
 #include "FilledParts.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
 
 namespace zembra {
 
 namespace {
 
+using Word = PointMask::Word;
+
+constexpr int side = PointMask::tileSide;
 // So few missing points of a column are below the shades that a picture has.
-constexpr int mostMissing = FilledParts::bandRows * pointsAcross / 128;
+constexpr unsigned mostMissing = PointMask::tileRows * PointMask::across / 128;
 
-using Counts = std::array<std::uint8_t, maskTogether>;
-
-// Keeps counts from growing where they are high already, and tells the least one.
-std::uint8_t capped(Counts& counts) {
-    constexpr std::uint8_t high = 64;
-    std::uint8_t least = high;
-    for (std::uint8_t& count : counts) {
-        count = count < high ? count : high;
-        least = count < least ? count : least;
+// How many points are missing in each column of a tile.
+class ColumnGaps {
+public:
+    explicit ColumnGaps(const Word* tile) {
+        // A byte holds what eight rows can miss, and double that holds what all can.
+        constexpr int together = 8;
+        constexpr Word everyOther = 0x00FF00FF00FF00FF;
+        for (int begin = 0; begin < PointMask::tileRows; begin += together) {
+            Word missing = 0;
+            for (int row = begin; row < begin + together; ++row)
+                missing += missingPoints(tile[row]);
+            even += missing & everyOther;
+            odd += missing >> 8 & everyOther;
+        }
     }
-    return least;
+
+    unsigned operator[](int column) const {
+        const Word counts = column % 2 == 0 ? even : odd;
+        return static_cast<unsigned>(counts >> (column / 2 * 16) & 0xFFFF);
+    }
+
+private:
+    Word even = 0;
+    Word odd = 0;
+};
+
+// The byte of a column of pixels in the words of its tile.
+Word columnOf(int column) {
+    return Word{0xFF} << (column % side * PointMask::across);
 }
 
-// How many points are missing in some columns that begin at `points`, or in each of them too many.
-Counts missingIn(const std::uint8_t* points, std::size_t stride, int pointRows) {
-    Counts missing{};
-    bool hopeful = true;
-    for (int row = 0; row < pointRows && hopeful; ++row, points += stride) {
-        for (std::size_t i = 0; i < missing.size(); ++i)
-            missing[i] = static_cast<std::uint8_t>(missing[i] + missingPoints(points[i]));
-        // Long before a byte runs over.
-        if (row % 8 == 7)
-            hopeful = capped(missing) <= mostMissing;
-    }
-    return missing;
+// Whether so few points may be missing in one of some columns of a tile, told by their bytes.
+bool isHopeful(const Word* tile, Word columns) {
+    Word everywhere = ~Word{0};
+    for (int row = 0; row < PointMask::tileRows; ++row)
+        everywhere &= tile[row];
+    // In bytes, a count above the limit reaches the highest bit.
+    constexpr Word ones = 0x0101010101010101;
+    const Word highest = 0x80 * ones & columns;
+    return ((missingPoints(everywhere) + (0x7F - mostMissing) * ones) & highest) != highest;
 }
 
 } // namespace
 
-void FilledParts::begin(int left, int top, int columns, int rows) {
-    this->left = left;
-    this->top = top;
-    this->columns = columns;
-    this->rows = rows;
-    bands = (rows * pointsDown + bandRows - 1) / bandRows;
-    openInBand.clear();
+void FilledParts::begin(const PointMask& mask) {
+    columns = mask.columns();
+    rows = mask.rows();
+    bands = mask.tilesDown();
+    openInBand.resize(static_cast<std::size_t>(bands) * static_cast<std::size_t>(columns));
+    for (int band = 0; band < bands; ++band)
+        std::iota(nextOpen(band), nextOpen(band) + columns, 0);
+    longestRuns.assign(static_cast<std::size_t>(bands), {});
+    openColumns = columns * bands;
     largest = {};
-    openColumns = static_cast<std::size_t>(bands) * static_cast<std::size_t>(columns);
     work = 0;
     patience = leastPatience();
 }
 
 bool FilledParts::hides(int band, double low, double high) const {
-    const double limit = columns - 1;
-    if (!(high >= left && low <= left + limit + 1.0))
+    const double last = columns - 1;
+    if (!(high >= 0.0 && low <= columns))
         return true;
-    if (openInBand.empty())
-        return false;
-    const auto first = static_cast<std::size_t>(std::clamp(low - left, 0.0, limit));
-    const int last = static_cast<int>(std::min(high - left, limit));
-    return openInBand[static_cast<std::size_t>(band) * static_cast<std::size_t>(columns) + first] >
-           last;
+    const auto first = static_cast<std::size_t>(std::clamp(low, 0.0, last));
+    return nextOpen(band)[first] > static_cast<int>(std::min(high, last));
 }
 
 bool FilledParts::hides(const Rect& part) const {
-    const auto bandAt = [this](double y) {
-        return static_cast<int>((y - top) * pointsDown) / bandRows;
-    };
+    const auto bandAt = [](double y) { return static_cast<int>(y) / side; };
     const int last = std::min(bands - 1, bandAt(part.bottom()));
     for (int band = std::max(0, bandAt(part.top())); band <= last; ++band)
         if (!hides(band, part.left(), part.right()))
@@ -77,94 +89,97 @@ bool FilledParts::hides(const Rect& part) const {
     return true;
 }
 
-// A look costs about as much as passing by this many rows.
-std::size_t FilledParts::leastPatience() const {
-    return (static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows * pointsDown) +
-            maskTogether) /
-               8 +
-           1;
+// Many times what a look costs, most of which goes into open columns.
+int FilledParts::leastPatience() const {
+    return 24 * openColumns + columns * bands / 4;
 }
 
-void FilledParts::look(PointMask& mask) {
-    if (work <= patience)
-        return;
+void FilledParts::lookAtAll(PointMask& mask) {
     work = 0;
-    const std::size_t openBefore = openColumns;
+    const int openBefore = openColumns;
     openColumns = 0;
-    if (openInBand.empty()) {
-        openInBand.resize(static_cast<std::size_t>(bands) * static_cast<std::size_t>(columns));
-        for (auto band = openInBand.begin(); band != openInBand.end(); band += columns)
-            std::iota(band, band + columns, 0);
+    for (int band = 0; band < bands; ++band) {
+        openColumns += closeColumns(mask, band);
+        longestRuns[static_cast<std::size_t>(band)] = longestRun(band);
     }
-    for (int band = 0; band < bands; ++band)
-        lookAtBand(band, mask);
     lookForCore();
-    patience = openColumns > openBefore - openBefore / 8 ? 2 * patience : leastPatience();
+    patience = openColumns > openBefore - openBefore / 32 ? 2 * patience : leastPatience();
 }
 
-void FilledParts::lookAtBand(int band, PointMask& mask) {
-    const auto stride = static_cast<std::size_t>(columns);
-    std::int32_t* next = openInBand.data() + static_cast<std::size_t>(band) * stride;
-    if (next[0] == columns)
-        return;
-    const int begin = band * bandRows;
-    const int pointRows = std::min(bandRows, rows * pointsDown - begin);
-    std::uint8_t* points = mask.data() + static_cast<std::size_t>(begin) * stride;
+// Fills columns that are all but full; how many remain.
+int FilledParts::closeColumns(PointMask& mask, int band) {
+    std::int32_t* next = nextOpen(band);
+    int count = 0;
     // From the right, so that a column knows the next one that is open.
-    std::int32_t open = columns;
-    for (std::int32_t group = (columns - 1) / maskTogether * maskTogether; group >= 0;
-         group -= maskTogether) {
-        const std::int32_t last = std::min(group + maskTogether, columns);
-        if (next[group] >= last) {
-            std::fill(next + group, next + last, open);
+    int open = columns;
+    for (int column = mask.tilesAcross() - 1; column >= 0; --column) {
+        const int first = column * side;
+        const int end = std::min(first + side, columns);
+        if (next[first] >= end) {
+            std::fill(next + first, next + end, open);
             continue;
         }
-        const Counts missing = missingIn(points + group, stride, pointRows);
-        for (std::int32_t i = last - 1; i >= group; --i) {
-            if (missing[static_cast<std::size_t>(i - group)] > mostMissing) {
+        Word* tile = mask.tile(column, band);
+        Word closed = 0;
+        for (int i = first; i < end; ++i)
+            if (next[i] != i)
+                closed |= columnOf(i);
+        if (isHopeful(tile, ~closed)) {
+            const ColumnGaps missing(tile);
+            for (int i = first; i < end; ++i)
+                if (missing[i % side] <= mostMissing)
+                    closed |= columnOf(i);
+            for (int row = 0; row < PointMask::tileRows; ++row)
+                tile[row] |= closed;
+        }
+        for (int i = end - 1; i >= first; --i) {
+            if ((closed & columnOf(i)) == 0) {
                 open = i;
-                ++openColumns;
-            } else if (next[i] == i) {
-                for (int row = 0; row < pointRows; ++row)
-                    points[static_cast<std::size_t>(row) * stride + static_cast<std::size_t>(i)] =
-                        0xFF;
+                ++count;
             }
             next[i] = open;
         }
     }
+    return count;
+}
+
+FilledParts::Run FilledParts::longestRun(int band) const {
+    Run longest;
+    const std::int32_t* next = nextOpen(band);
+    for (int i = 0; i < columns; i = next[i] + 1)
+        if (next[i] - i > longest.end - longest.begin)
+            longest = {i, next[i]};
+    return longest;
 }
 
 // Of the longest full part of each band, what several bands in a row have in common.
 void FilledParts::lookForCore() {
-    struct Run {
-        std::int32_t begin = 0;
-        std::int32_t end = 0;
-    };
-    std::vector<Run> longest(static_cast<std::size_t>(bands));
-    for (std::size_t band = 0; band < longest.size(); ++band) {
-        const std::int32_t* next = openInBand.data() + band * static_cast<std::size_t>(columns);
-        for (std::int32_t i = 0; i < columns; i = next[i] + 1)
-            if (next[i] - i > longest[band].end - longest[band].begin)
-                longest[band] = {i, next[i]};
-    }
-    constexpr double bandHeight = static_cast<double>(bandRows) / pointsDown;
-    double most = 0.0;
+    Run across;
+    Run down;
+    int most = 0;
     for (int first = 0; first < bands; ++first) {
         Run common{0, columns};
-        for (int band = first; band < bands; ++band) {
-            const Run& run = longest[static_cast<std::size_t>(band)];
+        for (int last = first; last < bands; ++last) {
+            const Run& run = longestRuns[static_cast<std::size_t>(last)];
             common = {std::max(common.begin, run.begin), std::min(common.end, run.end)};
-            const double width = common.end - common.begin;
-            if (width <= 0.0)
+            const int width = common.end - common.begin;
+            if (width <= 0)
                 break;
-            const double begin = first * bandHeight;
-            const double height = std::min<double>((band + 1) * bandHeight, rows) - begin;
-            if (width * height > most) {
-                most = width * height;
-                largest = {left + static_cast<double>(common.begin), top + begin, width, height};
+            const Run high{first * side, std::min((last + 1) * side, rows)};
+            if (width * (high.end - high.begin) > most) {
+                most = width * (high.end - high.begin);
+                across = common;
+                down = high;
             }
         }
     }
+    constexpr double far = 1e6;
+    const double left = across.begin > 0 ? across.begin : -far;
+    const double right = across.end < columns ? across.end : far;
+    const double top = down.begin > 0 ? down.begin : -far;
+    const double bottom = down.end < rows ? down.end : far;
+    if (most > 0)
+        largest = {left, top, right - left, bottom - top};
 }
 
 } // namespace zembra

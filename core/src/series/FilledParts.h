@@ -15,42 +15,57 @@ namespace zembra {
 ///
 /// It looks at the mask when the path has come by many rows of points since the last look, and less
 /// often where looking found little.
+/// Units: pixels of the mask's picture.
 class FilledParts {
 public:
-    /// What is full is known by columns of a pixel's width and this many rows of points.
-    static constexpr int bandRows = 8 * pointsDown;
-
-    /// Begins with an empty mask of a picture whose top-left pixel is (left, top).
-    void begin(int left, int top, int columns, int rows);
-    /// Whether every point is reached already from x to x in a band of rows.
+    /// Begins with a mask that nothing has reached.
+    void begin(const PointMask& mask);
+    /// Whether every point is reached already from x to x in a band of tiles.
     bool hides(int band, double low, double high) const;
     bool hides(const Rect& part) const;
-    /// A part that is full all over: the largest one found, empty at first.
+    /// A part that is full all over: the largest one found, empty at first. Where it meets an edge
+    /// of the picture it goes on far beyond, because nothing is seen there.
     const Rect& core() const { return largest; }
     bool isAll() const { return openColumns == 0; }
     /// Tells that the path went by some rows of points.
-    void passBy(int pointRows) { work += static_cast<std::size_t>(pointRows); }
+    void passBy(int pointRows) { work += pointRows; }
     /// Looks at the mask if that may pay, and fills the last gaps of columns that are all but full.
-    void look(PointMask& mask);
+    void look(PointMask& mask) {
+        if (work > patience)
+            lookAtAll(mask);
+    }
 
 private:
-    std::size_t leastPatience() const;
-    void lookAtBand(int band, PointMask& mask);
+    // Columns next to each other.
+    struct Run {
+        int begin = 0;
+        int end = 0;
+    };
+    std::int32_t* nextOpen(int band) {
+        return openInBand.data() +
+               static_cast<std::size_t>(band) * static_cast<std::size_t>(columns);
+    }
+    const std::int32_t* nextOpen(int band) const {
+        return openInBand.data() +
+               static_cast<std::size_t>(band) * static_cast<std::size_t>(columns);
+    }
+    int leastPatience() const;
+    void lookAtAll(PointMask& mask);
+    int closeColumns(PointMask& mask, int band);
+    Run longestRun(int band) const;
     void lookForCore();
 
-    int left = 0;
-    int top = 0;
     int columns = 0;
     int rows = 0;
     int bands = 0;
-    // By bands: for every column of pixels, the first from there on that is not full; nothing
-    // before the first look.
+    // By bands: for every column of pixels, the first from there on that is not full.
     std::vector<std::int32_t> openInBand;
+    std::vector<Run> longestRuns;
     Rect largest;
-    std::size_t openColumns = 0;
-    // Rows of points that the path came by, since the last look.
-    std::size_t work = 0;
-    std::size_t patience = 0;
+    int openColumns = 0;
+    // Rows of points that the path came by since the last look.
+    int work = 0;
+    int patience = 0;
 };
 
 } // namespace zembra

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -12,67 +11,39 @@ namespace zembra {
 
 namespace {
 
-constexpr int across = pointsAcross;
-constexpr int down = pointsDown;
-constexpr int bandRows = FilledParts::bandRows;
+constexpr int across = PointMask::across;
+constexpr int down = PointMask::down;
+constexpr int bandRows = PointMask::tileRows;
+// What a segment costs beside its rows, in rows.
+constexpr int ownCost = 64;
 // Thinner strokes would slip through between the points; they are drawn fainter instead.
 constexpr double thinnest = 0.5;
 
 // Farther than any canvas.
 constexpr double unreached = 1e9;
 
-struct Range {
-    double low;
-    double high;
-};
-
-Range ordered(double a, double b) {
-    return a < b ? Range{a, b} : Range{b, a};
-}
-
-// As many points in a row of them are set by one look at memory.
-constexpr unsigned few = 8 * sizeof(std::uint64_t) - across;
-
-void fillFew(std::uint8_t* line, unsigned first, unsigned count) {
-    std::uint8_t* place = line + first / across;
-    std::uint64_t added = ((std::uint64_t{1} << count) - 1) << (first % across);
-    // Points go from the lowest bit of the first byte to the highest of the last.
-    if constexpr (std::endian::native == std::endian::little) {
-        std::uint64_t points = 0;
-        std::memcpy(&points, place, sizeof points);
-        points |= added;
-        std::memcpy(place, &points, sizeof points);
-    } else {
-        for (; added != 0; added >>= across, ++place)
-            *place = static_cast<std::uint8_t>(*place | added);
-    }
+double distance(const Point& a, const Point& b) {
+    return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
 }
 
 // The pixels that show that many points.
 using Shades = std::array<std::uint32_t, across * down + 1>;
 
-// Some pixels of a row. Most of a picture of a few curves is blank.
-void shade(const std::uint8_t* points, std::size_t stride, const Shades& shades,
-           std::uint8_t* pixels, std::size_t count) {
-    std::array<std::uint8_t, maskTogether> any{};
-    for (std::size_t i = 0; i < any.size(); ++i)
-        any[i] = points[i] | points[i + stride] | points[i + 2 * stride] | points[i + 3 * stride];
-    static constexpr std::array<std::uint8_t, maskTogether> blank{};
-    if (std::memcmp(any.data(), blank.data(), count) == 0) {
-        std::memset(pixels, 0, 4 * count);
+// A row of the pixels of a tile, from one to before another. Most of a picture of a few curves is
+// blank.
+void shade(const PointMask::Word* points, const Shades& shades, std::uint8_t* pixels, int first,
+           int end) {
+    const PointMask::Word any = points[0] | points[1] | points[2] | points[3];
+    if (any == 0) {
+        std::memset(pixels, 0, 4 * static_cast<std::size_t>(end - first));
         return;
     }
-    std::array<std::uint8_t, maskTogether> missing{};
-    for (std::size_t i = 0; i < missing.size(); ++i)
-        missing[i] = static_cast<std::uint8_t>(
-            missingPoints(points[i]) + missingPoints(points[i + stride]) +
-            missingPoints(points[i + 2 * stride]) + missingPoints(points[i + 3 * stride]));
-    for (std::size_t i = 0; i < count; ++i)
-        std::memcpy(pixels + 4 * i, &shades[across * down - missing[i]], 4);
-}
-
-double distance(const Point& a, const Point& b) {
-    return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
+    PointMask::Word missing = 0;
+    for (int row = 0; row < down; ++row)
+        missing += missingPoints(points[row]);
+    missing >>= first * across;
+    for (int i = first; i < end; ++i, missing >>= across, pixels += 4)
+        std::memcpy(pixels, &shades[Shades().size() - 1 - (missing & 0xFF)], 4);
 }
 
 } // namespace
@@ -80,148 +51,132 @@ double distance(const Point& a, const Point& b) {
 void MaskRaster::begin(const Rect& area, double penWidth) {
     left = static_cast<int>(std::floor(area.left()));
     top = static_cast<int>(std::floor(area.top()));
-    columns = std::max(0, static_cast<int>(std::ceil(area.right())) - left);
-    rows = std::max(0, static_cast<int>(std::ceil(area.bottom())) - top);
+    const int columns = std::max(0, static_cast<int>(std::ceil(area.right())) - left);
+    const int rows = std::max(0, static_cast<int>(std::ceil(area.bottom())) - top);
     half = 0.5 * std::max(penWidth, thinnest);
     strength = std::min(penWidth / thinnest, 1.0);
-    mask.assign(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows * down) +
-                    maskTogether,
-                0);
-    filled.begin(left, top, columns, rows);
+    mask.begin(columns, rows);
+    filled.begin(mask);
     least = {unreached, unreached};
     greatest = {-unreached, -unreached};
 }
 
 void MaskRaster::add(std::span<const Point> piece) {
-    for (const Point& p : piece) {
-        least = {std::min(least.x, p.x), std::min(least.y, p.y)};
-        greatest = {std::max(greatest.x, p.x), std::max(greatest.y, p.y)};
+    if (piece.empty())
+        return;
+    if (piece.size() == 1) {
+        const Point p = placed(piece.front());
+        reach(p);
+        addStroke({{p.x - half, p.y}, {p.x + half, p.y}, half});
     }
     // What lies deep enough in the core is hidden with its joins and ends.
     const double margin = 1.5 * half;
-    if (piece.size() == 1)
-        addSegment({piece[0].x - half, piece[0].y}, {piece[0].x + half, piece[0].y});
+    Rect deep = filled.core().grown(-margin);
+    bool hidden = deep.contains(placed(piece.front()));
     for (std::size_t i = 1; i < piece.size() && !filled.isAll(); ++i) {
-        Point a = piece[i - 1];
-        Point b = piece[i];
-        if (filled.core().grown(-margin).contains(a) && filled.core().grown(-margin).contains(b))
+        const bool wasHidden = hidden;
+        hidden = deep.contains(placed(piece[i]));
+        if (hidden && wasHidden)
             continue;
-        const double length = distance(a, b);
-        if (!(length > 0.0))
-            continue;
-        const Point along{(b.x - a.x) / length * half, (b.y - a.y) / length * half};
-        if (i + 1 < piece.size()) {
-            const Point& c = piece[i + 1];
-            const double next = distance(b, c);
-            if (next > 0.0 && !filled.hides({b.x - half, b.y - half, 2.0 * half, 2.0 * half})) {
-                const Point n{-along.y, along.x};
-                const Point m{-(c.y - b.y) / next * half, (c.x - b.x) / next * half};
-                // Nearly straight joins leave no wedge that a point could fall into.
-                if (n.x * m.x + n.y * m.y < 0.95 * half * half) {
-                    addTriangle(b, {b.x + n.x, b.y + n.y}, {b.x + m.x, b.y + m.y});
-                    addTriangle(b, {b.x - n.x, b.y - n.y}, {b.x - m.x, b.y - m.y});
-                }
-            }
-        } else {
-            b = {b.x + along.x, b.y + along.y};
-        }
-        if (i == 1)
-            a = {a.x - along.x, a.y - along.y};
-        addSegment(a, b);
+        addSegment(piece, i);
+        if (!hidden && i + 1 < piece.size())
+            addJoin(placed(piece[i - 1]), placed(piece[i]), placed(piece[i + 1]));
         filled.look(mask);
+        deep = filled.core().grown(-margin);
     }
 }
 
-void MaskRaster::addSegment(const Point& a, const Point& b) {
-    const double dx = b.x - a.x;
-    const double dy = b.y - a.y;
-    const double length = std::sqrt(dx * dx + dy * dy);
-    // The stroke is where two stripes cross: one along the segment, one across it.
-    const double reachY = half * std::abs(dx) / length;
-    const auto [low, high] = ordered(a.y, b.y);
-    const auto rowFrom = [&](double y) {
-        return static_cast<int>(std::ceil((y - top) * down - 0.5));
-    };
-    const int first = std::max(0, rowFrom(low - reachY));
-    const int last = std::min(rows * down, rowFrom(high + reachY)) - 1;
-    // Between these rows, the stripe across does not count.
-    const int innerFirst = std::max(first, rowFrom(low + reachY));
-    const int innerLast = std::min(last, rowFrom(high - reachY) - 1);
-    constexpr double unbounded = 1e9;
-    const bool flat = std::abs(dy) < 1e-9;
-    const bool upright = std::abs(dx) < 1e-9;
-    const double slope = flat ? 0.0 : dx / dy;
-    const double width = flat ? unbounded : half * length / std::abs(dy);
-    const double fall = upright ? 0.0 : -dy / dx;
-    const double west = std::min(a.x, b.x) - half;
-    const double east = std::max(a.x, b.x) + half;
-    const auto middleAt = [&](int row) { return a.x + ((row + 0.5) / down + top - a.y) * slope; };
-    const auto addRow = [&](int row) {
-        const double y = (row + 0.5) / down + top;
-        const double middle = a.x + (y - a.y) * slope;
-        const Range ends = upright ? Range{-unbounded, unbounded}
-                                   : ordered(a.x + (y - a.y) * fall, b.x + (y - b.y) * fall);
-        fill(row, std::max(middle - width, ends.low), std::min(middle + width, ends.high));
-    };
-    const auto addRows = [&](int begin, int end) {
-        filled.passBy(end - begin + 1);
-        int row = begin;
-        for (; row <= end && row < innerFirst; ++row)
-            addRow(row);
-        const int stop = std::min(end, innerLast) + 1;
-        if (row < stop) {
-            fillStripe(row, stop, middleAt(row), slope / down, width);
-            row = stop;
-        }
-        for (; row <= end; ++row)
-            addRow(row);
-    };
-    const auto addBands = [&](int from, int to) {
-        int open = from;
-        for (int begin = from; begin <= to;) {
-            const int end = std::min(to, begin / bandRows * bandRows + bandRows - 1);
-            const auto [low, high] = ordered(middleAt(begin), middleAt(end));
-            if (filled.hides(begin / bandRows, std::max(low - width, west),
-                             std::min(high + width, east))) {
-                if (open < begin)
-                    addRows(open, begin - 1);
-                open = end + 1;
-            }
-            begin = end + 1;
-        }
-        if (open <= to)
-            addRows(open, to);
-    };
-    // The rows where the stripe along the segment lies within the core.
-    const Rect& core = filled.core();
-    double hiddenLow = core.top();
-    double hiddenHigh = core.bottom();
-    const double coreLeft = core.left() + width;
-    const double coreRight = core.right() - width;
-    if (std::abs(slope) > 1e-9) {
-        const auto [from, to] =
-            ordered(a.y + (coreLeft - a.x) / slope, a.y + (coreRight - a.x) / slope);
-        hiddenLow = std::max(hiddenLow, from);
-        hiddenHigh = std::min(hiddenHigh, to);
+// The segment that ends at a point of a piece.
+void MaskRaster::addSegment(std::span<const Point> piece, std::size_t end) {
+    Point a = placed(piece[end - 1]);
+    Point b = placed(piece[end]);
+    const double length = distance(a, b);
+    if (!(length > 0.0))
+        return;
+    reach(a);
+    reach(b);
+    const Point along{(b.x - a.x) / length * half, (b.y - a.y) / length * half};
+    if (end == 1)
+        a = {a.x - along.x, a.y - along.y};
+    if (end + 1 == piece.size())
+        b = {b.x + along.x, b.y + along.y};
+    addStroke({a, b, half});
+}
+
+// The wedges where a path turns at `b`.
+void MaskRaster::addJoin(const Point& a, const Point& b, const Point& c) {
+    const double in = distance(a, b);
+    const double out = distance(b, c);
+    if (!(in > 0.0 && out > 0.0) || filled.hides({b.x - half, b.y - half, 2.0 * half, 2.0 * half}))
+        return;
+    const Point n{-(b.y - a.y) / in * half, (b.x - a.x) / in * half};
+    const Point m{-(c.y - b.y) / out * half, (c.x - b.x) / out * half};
+    // Nearly straight joins leave no wedge that a point could fall into.
+    if (n.x * m.x + n.y * m.y >= 0.95 * half * half)
+        return;
+    addTriangle(b, {b.x + n.x, b.y + n.y}, {b.x + m.x, b.y + m.y});
+    addTriangle(b, {b.x - n.x, b.y - n.y}, {b.x - m.x, b.y - m.y});
+}
+
+void MaskRaster::addStroke(const SegmentStroke& segment) {
+    const int first = std::max(0, segment.first);
+    const int last = std::min(mask.pointRows() - 1, segment.last);
+    if (first > last)
+        return;
+    const auto hidden = segment.rowsWithin(filled.core());
+    if (hidden.first < hidden.end) {
+        addBands(segment, first, std::min(hidden.first - 1, last));
+        addBands(segment, std::max(first, hidden.end), last);
+    } else {
+        addBands(segment, first, last);
     }
-    const bool passes = coreLeft < coreRight && hiddenLow < hiddenHigh &&
-                        (std::abs(slope) > 1e-9 || (a.x > coreLeft && a.x < coreRight));
-    const int hiddenFirst = passes ? std::max(first, rowFrom(hiddenLow)) : last + 1;
-    const int hiddenEnd = passes ? rowFrom(hiddenHigh) : last + 1;
-    addBands(first, std::min(hiddenFirst - 1, last));
-    addBands(std::max(hiddenFirst, hiddenEnd), last);
-    filled.passBy(1);
+    filled.passBy(ownCost);
+}
+
+// Rows of points, without the bands where all that it reaches is full.
+void MaskRaster::addBands(const SegmentStroke& segment, int from, int to) {
+    int open = from;
+    for (int begin = from; begin <= to;) {
+        const int end = std::min(to, begin / bandRows * bandRows + bandRows - 1);
+        const auto [low, high] = ordered(segment.middleAt(begin), segment.middleAt(end));
+        if (filled.hides(begin / bandRows, std::max(low - segment.width, segment.west),
+                         std::min(high + segment.width, segment.east))) {
+            if (open < begin)
+                addRows(segment, open, begin);
+            open = end + 1;
+        }
+        begin = end + 1;
+    }
+    if (open <= to)
+        addRows(segment, open, to + 1);
+}
+
+void MaskRaster::addRows(const SegmentStroke& segment, int begin, int end) {
+    filled.passBy(end - begin);
+    const auto addRow = [&](int row) {
+        const double middle = segment.middleAt(row);
+        const Range ends = segment.endsAt(row);
+        fill(row, std::max(middle - segment.width, ends.low),
+             std::min(middle + segment.width, ends.high));
+    };
+    int row = begin;
+    for (; row < end && row < segment.innerFirst; ++row)
+        addRow(row);
+    const int stop = std::min(end, segment.innerLast + 1);
+    if (row < stop) {
+        fillStripe(row, stop, segment.middleAt(row), segment.slope / down, segment.width);
+        row = stop;
+    }
+    for (; row < end; ++row)
+        addRow(row);
 }
 
 void MaskRaster::addTriangle(const Point& a, const Point& b, const Point& c) {
     const std::array<Point, 3> corners{a, b, c};
-    const double low = std::min({a.y, b.y, c.y});
-    const double high = std::max({a.y, b.y, c.y});
-    const int first = std::max(0, static_cast<int>(std::ceil((low - top) * down - 0.5)));
-    const int last =
-        std::min(rows * down - 1, static_cast<int>(std::floor((high - top) * down - 0.5)));
-    for (int row = first; row <= last; ++row) {
-        const double y = (row + 0.5) / down + top;
+    const int first = std::max(0, PointMask::rowFrom(std::min({a.y, b.y, c.y})));
+    const int end = std::min(mask.pointRows(), PointMask::rowFrom(std::max({a.y, b.y, c.y})));
+    for (int row = first; row < end; ++row) {
+        const double y = PointMask::middleOf(row);
         double from = std::numeric_limits<double>::infinity();
         double to = -from;
         for (std::size_t i = 0; i < 3; ++i) {
@@ -239,81 +194,75 @@ void MaskRaster::addTriangle(const Point& a, const Point& b, const Point& c) {
 
 // Rows of a stripe that goes on by `step` from one to the next.
 void MaskRaster::fillStripe(int begin, int end, double middle, double step, double width) {
-    // In fractions of a point, counted in whole numbers.
-    constexpr double unit = 4294967296.0;
-    constexpr int shift = 32;
-    const auto counted = [](double points) { return static_cast<std::int64_t>(points * unit); };
-    const std::int64_t stride = counted(step * across);
-    const double most = columns * across + 1.0;
-    const double low = (middle - width - left) * across + 0.5;
-    const double high = (middle + width - left) * across + 0.5;
+    using Place = StripePattern::Place;
+    constexpr int shift = StripePattern::fractionBits;
+    const auto placeOf = [](double point) {
+        return static_cast<Place>(point * static_cast<double>(Place{1} << shift));
+    };
+    const double most = mask.columns() * across - 1.0;
+    const double low = (middle - width) * across + 0.5;
+    const double high = (middle + width) * across + 0.5;
     const double way = step * across * (end - begin);
     // What may lie beside the picture takes the careful way.
-    if (!(std::min(low, low + way) >= 0.0 && std::max(high, high + way) < most)) {
+    if (!(std::min(low, low + way) > 1.0 && std::max(high, high + way) < most)) {
         for (int row = begin; row < end; ++row, middle += step)
             fill(row, middle - width, middle + width);
         return;
     }
-    std::int64_t from = counted(low);
-    std::int64_t to = counted(high);
-    if (high - low >= few - 1.0) {
-        for (int row = begin; row < end; ++row, from += stride, to += stride)
-            fillPoints(row, static_cast<unsigned>(from >> shift),
-                       static_cast<unsigned>(to >> shift));
-        return;
+    const Place stride = placeOf(step * across);
+    const Place reach = placeOf(high - low);
+    Place from = placeOf(low);
+    // Fewer rows are not worth a pattern.
+    int together = 0;
+    if (end - begin >= bandRows) {
+        pattern.assign(stride, reach);
+        together = pattern.rows();
     }
-    std::uint8_t* line =
-        mask.data() + static_cast<std::size_t>(begin) * static_cast<std::size_t>(columns);
-    for (int row = begin; row < end; ++row, from += stride, to += stride, line += columns) {
-        const auto first = static_cast<unsigned>(from >> shift);
-        fillFew(line, first, static_cast<unsigned>(to >> shift) - first);
+    for (int row = begin; row < end;) {
+        PointMask::Word* words = mask.row(row);
+        const int stop = std::min(end, (row / bandRows + 1) * bandRows);
+        while (row < stop) {
+            const bool isWhole = together > 0 && row % together == 0 && row + together <= stop;
+            const int count = isWhole ? together : 1;
+            if (isWhole)
+                pattern.fill(words, from);
+            else
+                PointMask::fill(words, static_cast<unsigned>(from >> shift),
+                                static_cast<unsigned>((from + reach) >> shift));
+            row += count;
+            words += count;
+            from += count * stride;
+        }
     }
 }
 
 void MaskRaster::fill(int row, double from, double to) {
     // Points lie in the middles of the eighths of a pixel.
-    const double begin = std::max((from - left) * across + 0.5, 0.0);
-    const double end = std::min((to - left) * across + 0.5, static_cast<double>(columns * across));
+    const double begin = std::max(from * across + 0.5, 0.0);
+    const double end = std::min(to * across + 0.5, static_cast<double>(mask.columns() * across));
     if (begin < end)
-        fillPoints(row, static_cast<unsigned>(begin), static_cast<unsigned>(end));
+        PointMask::fill(mask.row(row), static_cast<unsigned>(begin), static_cast<unsigned>(end));
 }
 
-void MaskRaster::fillPoints(int row, unsigned first, unsigned end) {
-    if (first >= end)
-        return;
-    std::uint8_t* line =
-        mask.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(columns);
-    if (end - first <= few) {
-        fillFew(line, first, end - first);
-        return;
-    }
-    const unsigned firstByte = first / across;
-    const unsigned lastByte = (end - 1) / across;
-    const auto head = static_cast<std::uint8_t>(0xFFu << (first % across));
-    const auto tail = static_cast<std::uint8_t>(0xFFu >> (across - 1 - (end - 1) % across));
-    if (firstByte == lastByte) {
-        line[firstByte] = static_cast<std::uint8_t>(line[firstByte] | (head & tail));
-        return;
-    }
-    line[firstByte] = static_cast<std::uint8_t>(line[firstByte] | head);
-    for (unsigned i = firstByte + 1; i < lastByte; ++i)
-        line[i] = 0xFF;
-    line[lastByte] = static_cast<std::uint8_t>(line[lastByte] | tail);
+void MaskRaster::reach(const Point& p) {
+    least = {std::min(least.x, p.x), std::min(least.y, p.y)};
+    greatest = {std::max(greatest.x, p.x), std::max(greatest.y, p.y)};
 }
 
 // The whole pixels of the picture that the path can have reached.
 MaskRaster::Box MaskRaster::drawnBox() const {
-    const auto pixel = [](double place, int from, int count) {
-        return static_cast<int>(std::clamp(place - from, 0.0, static_cast<double>(count)));
+    const auto pixel = [](double place, int count) {
+        return static_cast<int>(std::clamp(place, 0.0, static_cast<double>(count)));
     };
-    const double reach = 1.5 * half;
-    return {pixel(std::floor(least.x - reach), left, columns),
-            pixel(std::floor(least.y - reach), top, rows),
-            pixel(std::ceil(greatest.x + reach), left, columns),
-            pixel(std::ceil(greatest.y + reach), top, rows)};
+    const double margin = 1.5 * half;
+    return {pixel(std::floor(least.x - margin), mask.columns()),
+            pixel(std::floor(least.y - margin), mask.rows()),
+            pixel(std::ceil(greatest.x + margin), mask.columns()),
+            pixel(std::ceil(greatest.y + margin), mask.rows())};
 }
 
 Picture MaskRaster::finish(const Color& color) {
+    constexpr int side = PointMask::tileSide;
     Picture picture;
     const Box box = drawnBox();
     if (box.left >= box.right || box.top >= box.bottom)
@@ -322,23 +271,23 @@ Picture MaskRaster::finish(const Color& color) {
     picture.height = box.bottom - box.top;
     picture.x = left + box.left;
     picture.y = top + box.top;
-    const auto stride = static_cast<std::size_t>(columns);
-    const auto width = static_cast<std::size_t>(picture.width);
-    picture.buffer = takePictureBuffer(width * static_cast<std::size_t>(picture.height) * 4);
+    picture.buffer = takePictureBuffer(static_cast<std::size_t>(picture.width) *
+                                       static_cast<std::size_t>(picture.height) * 4);
     Shades shades{};
     for (std::size_t hits = 0; hits < shades.size(); ++hits) {
         const double share = static_cast<double>(hits) / (across * down);
         shades[hits] = packedPixel(
             color, static_cast<unsigned>(std::lround(color.alpha() * strength * share)));
     }
+    std::uint8_t* pixels = picture.buffer.pixels;
     for (int row = box.top; row < box.bottom; ++row) {
-        const std::uint8_t* points = mask.data() + static_cast<std::size_t>(row * down) * stride +
-                                     static_cast<std::size_t>(box.left);
-        std::uint8_t* pixels =
-            picture.buffer.pixels + static_cast<std::size_t>(row - box.top) * width * 4;
-        for (std::size_t first = 0; first < width; first += maskTogether) {
-            const std::size_t count = std::min<std::size_t>(maskTogether, width - first);
-            shade(points + first, stride, shades, pixels + 4 * first, count);
+        for (int first = box.left; first < box.right;) {
+            const int column = first / side;
+            const int end = std::min(box.right, column * side + side);
+            shade(mask.tile(column, row / side) + std::ptrdiff_t{row % side} * down, shades, pixels,
+                  first - column * side, end - column * side);
+            pixels += 4 * static_cast<std::size_t>(end - first);
+            first = end;
         }
     }
     return picture;

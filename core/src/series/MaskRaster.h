@@ -4,6 +4,8 @@
 #include "FilledParts.h"
 #include "Picture.h"
 #include "PointMask.h"
+#include "SegmentStroke.h"
+#include "StripePattern.h"
 
 #include <zembra/paint/Geometry.h>
 
@@ -27,7 +29,7 @@ public:
     Picture finish(const Color& color);
 
 private:
-    // In pixels of the picture that was begun; right and bottom lie outside.
+    // Whole pixels; right and bottom lie outside.
     struct Box {
         int left = 0;
         int top = 0;
@@ -35,22 +37,27 @@ private:
         int bottom = 0;
     };
 
-    void addSegment(const Point& a, const Point& b);
+    Point placed(const Point& p) const { return {p.x - left, p.y - top}; }
+    void addSegment(std::span<const Point> piece, std::size_t end);
+    void addStroke(const SegmentStroke& segment);
+    void addBands(const SegmentStroke& segment, int from, int to);
+    void addRows(const SegmentStroke& segment, int from, int to);
+    void addJoin(const Point& a, const Point& b, const Point& c);
     void addTriangle(const Point& a, const Point& b, const Point& c);
     void fillStripe(int begin, int end, double middle, double step, double width);
     void fill(int row, double from, double to);
-    void fillPoints(int row, unsigned first, unsigned end);
+    void reach(const Point& p);
     Box drawnBox() const;
 
+    // Where the picture lies; all that follows is in its pixels.
     int left = 0;
     int top = 0;
-    int columns = 0;
-    int rows = 0;
     double half = 0.5;
     double strength = 1.0;
     PointMask mask;
     FilledParts filled;
-    // What lies between the points of the path.
+    StripePattern pattern;
+    // What lies between the points that the path reached.
     Point least;
     Point greatest;
 };

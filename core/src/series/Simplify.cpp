@@ -36,6 +36,17 @@ bool Simplifier::comesBack(const Point& point) const {
     return back < 0.0 && back * back > tolerance * tolerance * dot(way, way);
 }
 
+// Whether the point clearly lies beside the sector of `latest` alone, told without a root.
+bool Simplifier::turnsOff(const Point& point) const {
+    const Point way{latest.x - anchor.x, latest.y - anchor.y};
+    const Point next{point.x - anchor.x, point.y - anchor.y};
+    const double aside = cross(way, next);
+    const double onward = tolerance * dot(way, next);
+    constexpr double clearly = 1.001;
+    return aside * aside * dot(way, way) > clearly * onward * onward &&
+           dot(way, way) > tolerance * tolerance;
+}
+
 void Simplifier::narrowTo(const Point& way, double distance) {
     reach = std::max(reach, distance);
     if (distance <= tolerance)
@@ -65,7 +76,7 @@ void Simplifier::add(const Point& point) {
         latest = point;
         return;
     }
-    if (first && comesBack(point)) {
+    if (first && (turnsOff(point) || comesBack(point))) {
         turnAt(latest);
         latest = point;
         return;

@@ -28,6 +28,7 @@ public:
 private:
     void turnAt(const Point& point);
     bool comesBack(const Point& point) const;
+    bool turnsOff(const Point& point) const;
     void narrowTo(const Point& way, double distance);
 
     double tolerance;
