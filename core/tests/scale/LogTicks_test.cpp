@@ -202,3 +202,10 @@ TEST(LogTicks, BelowZeroTheyMirrorThoseAboveIt) {
         }
     }
 }
+
+TEST(LogTicks, PowersInBetweenEndWhereTheyWouldBeMoreThanAnyEngineMayReturn) {
+    const Scale scale = Scale::log(2.0);
+    EXPECT_EQ(scale.ticks(std::ldexp(1.0, -800), std::ldexp(1.0, 800), most(100)).minor.size(),
+              720u);
+    EXPECT_TRUE(scale.ticks(std::ldexp(1.0, -802), std::ldexp(1.0, 802), most(100)).minor.empty());
+}

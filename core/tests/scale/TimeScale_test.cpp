@@ -519,3 +519,10 @@ TEST(TimeScale, PartsOfASecondAreToldAsSuchWhereOneTickIsEnough) {
         }
     }
 }
+
+TEST(TimeScale, SingleSecondsAreTheFinestStepOfTheCalendar) {
+    const TickSet set = Scale::time("UTC").ticks(1e9, 1e9 + 5.0, most(7));
+    EXPECT_EQ(valuesOf(set), (std::vector{1e9, 1e9 + 1, 1e9 + 2, 1e9 + 3, 1e9 + 4, 1e9 + 5}));
+    EXPECT_EQ(set.minor.size(), 20u);
+    EXPECT_EQ(set.major[1].label, "01:46:41");
+}
