@@ -59,7 +59,8 @@ Ladder climb(const TickGrid& grid) {
 // The host's own step, where it makes as many ticks as are wanted.
 TickGrid gridOfOwnStep(double min, double max, double step, int maxMajor) {
     const Decimal own = Decimal::shortest(step);
-    if (!(spanInSteps(min, max, own) < maxMajor))
+    // A span of as many steps has one tick more only where ticks lie on its ends.
+    if (!(spanInSteps(min, max, own) < maxMajor + 1))
         return {};
     const TickGrid grid = gridOver(min, max, own);
     return grid.count <= maxMajor ? grid : TickGrid{};

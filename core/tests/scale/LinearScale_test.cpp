@@ -105,6 +105,9 @@ TEST(LinearScale, TicksFollowAStepOfTheHostUnlessItMakesTooMany) {
     request.step = 1.0 / 3.0;
     EXPECT_EQ(Scale().ticks(0.0, 2.0, request).major.size(), 7u);
     EXPECT_EQ(tickFault(Scale(), 0.0, 2.0, request), "");
+    request.step = 1.0;
+    EXPECT_EQ(Scale().ticks(0.5, 10.5, request).major.size(), 10u);
+    EXPECT_EQ(Scale().ticks(0.0, 10.0, request).major.size(), 6u);
     request.step = 0.001;
     EXPECT_THAT(labels(Scale().ticks(0, 10, request)), ElementsAre("0", "2", "4", "6", "8", "10"));
     for (const double step :
