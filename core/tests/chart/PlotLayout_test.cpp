@@ -354,6 +354,21 @@ TEST(PlotLayout, EveryNameOfALegendIsShownOrCounted) {
     }
 }
 
+TEST(PlotLayout, NamesOfALegendFillItsRowToTheLastPixel) {
+    // Keys of 22 pixels, 6 beside them, names of 36 and 16 between: 144, and 12 at either edge.
+    for (const int size : {168, 167}) {
+        Plot plot;
+        addNamed(plot, "Names");
+        addNamed(plot, "Names");
+        plot.legend().setPosition(LegendPosition::OutsideTop);
+        EXPECT_NE(
+            layoutOf(plot, size, 260)
+                .find(size == 168 ? "| Names 40,27 | Names 120,27" : "| Names 40,27 | Names 40,43"),
+            std::string::npos)
+            << size;
+    }
+}
+
 TEST(PlotLayout, NamesKeepApartFromTheLongestOfThem) {
     for (const std::size_t longest : {0u, 1u, 5u, 9u}) {
         Plot plot;

@@ -510,6 +510,34 @@ TEST(TimeScale, TheStepDependsOnTheSpanAloneWhereverTheRangeLies) {
     }
 }
 
+TEST(TimeScale, StepsChangeAtSpansThatShortYearsMonthsAndDaysLeaveRoomFor) {
+    // The longest span at which as many ticks fit wherever the range lies: six steps of their mean
+    // length, less what some of them are shorter and a millionth, and the step on either side.
+    constexpr double year = 365.2425 * day;
+    struct Row {
+        double longest;
+        const char* below;
+        const char* above;
+    };
+    for (const Row& row : {Row{6.0 * year - 2.0 * day, "year 1", "year 2"},
+                           {6.0 * year / 12.0 - 3.0 * day, "month 1", "month 2"},
+                           {6.0 * year / 24.0 - 3.5 * day, "half month 1", "month 1"},
+                           {6.0 * day - hour, "day 1", "day 2"},
+                           {12.0 * hour - hour, "second 7200", "second 10800"},
+                           {6.0 * hour, "second 3600", "second 7200"}}) {
+        for (const bool isBelow : {true, false}) {
+            const double from = utc(2021, 3, 1);
+            const double to = from + row.longest / 1.000001 + (isBelow ? -0.4 : 0.4);
+            const auto step =
+                stepOf(valuesOf(Scale::time("UTC").ticks(from, to, most(6))), from, to);
+            ASSERT_NE(step, calendarCases().end());
+            EXPECT_EQ(std::string(step->unit) + " " + std::to_string(step->count),
+                      isBelow ? row.below : row.above)
+                << row.longest;
+        }
+    }
+}
+
 TEST(TimeScale, PartsOfASecondAreToldAsSuchWhereOneTickIsEnough) {
     for (const double from : {0.21, 1.31, 59.71, 100.13}) {
         for (const int maxMajor : {1, 2}) {
