@@ -38,11 +38,8 @@ std::int64_t localBegin(const std::vector<ZoneSpan>& spans, std::size_t i) {
     return spans[i].begin + spans[i - 1].offset;
 }
 
-std::int64_t yearOf(std::int64_t local) {
-    return civilFromDays(floorDiv(local, secondsPerDay)).year;
-}
-
-// The rule that the changes `last`, `last - 2`, `last - 4` and so on follow, if they do.
+// The rule that the changes `last`, `last - 2`, `last - 4` and so on follow, if they do and the
+// last one is in the last year listed.
 std::optional<YearlyChange> ruleOf(const std::vector<ZoneSpan>& spans, std::size_t last) {
     const std::int64_t local = localBegin(spans, last);
     const std::int64_t days = floorDiv(local, secondsPerDay);
@@ -69,8 +66,7 @@ std::optional<YearlyChange> ruleOf(const std::vector<ZoneSpan>& spans, std::size
 
 void extendByRules(std::vector<ZoneSpan>& spans) {
     const std::size_t count = spans.size();
-    if (count < 4 || yearOf(localBegin(spans, count - 1)) != lastListedYear ||
-        yearOf(localBegin(spans, count - 2)) != lastListedYear)
+    if (count < 3)
         return;
     const auto first = ruleOf(spans, count - 2);
     const auto second = ruleOf(spans, count - 1);

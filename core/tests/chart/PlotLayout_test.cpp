@@ -291,6 +291,40 @@ TEST(PlotLayout, AxesHaveAsManyTicksAsTheirLengthHasRoomFor) {
     }
 }
 
+TEST(PlotLayout, LabelsKeepTheirDistanceAndTwoAreShownWhereTwoFit) {
+    int alone = 0;
+    int several = 0;
+    for (int size = 80; size < 420; size += 3) {
+        for (const std::size_t length : {3u, 5u, 9u, 16u}) {
+            Plot plot;
+            enableOnly(plot, {2});
+            plot.setAxisScale(2, 0.5, 9.7);
+            plot.axis(2).setNumberFormat(NumberFormat::custom([length](double v) {
+                const std::string digits = std::to_string(static_cast<int>(100.0 * v));
+                return std::string(length - digits.size(), 'x') + digits;
+            }));
+            RecordingPainter painter;
+            plot.renderInto(painter, size, 120);
+            std::vector<double> places;
+            for (const std::string& line : painter.linesOf("drawText"))
+                places.push_back(std::stod(line.substr(line.find(' '))));
+            // Characters of 7.2 pixels, and a gap of 9.6.
+            const double least = 7.2 * static_cast<double>(length) + 9.6;
+            for (std::size_t i = 1; i < places.size(); ++i)
+                EXPECT_GE(places[i] - places[i - 1], least - 0.1) << size << " " << length;
+            const double pixels = plot.canvasRect().width / 9.2;
+            // Of the steps that bring more than one label, two is the longest.
+            if (places.size() == 1) {
+                ++alone;
+                EXPECT_LT(2.0 * pixels, least) << size << " " << length;
+            }
+            several += places.size() > 1 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(alone, 10);
+    EXPECT_GT(several, 100);
+}
+
 TEST(PlotLayout, CategoriesAreAllNamedAsLongAsTheirNamesKeepTheirDistance) {
     for (const bool horizontal : {false, true}) {
         int changes = 0;

@@ -484,6 +484,23 @@ TEST(ReducedPath, SplitsGroupsThatAreWideIntoPartsAndHoldsTheirExtremes) {
                     line.at(2108)}));
 }
 
+TEST(ReducedPath, LeavesAGapWhereAPartOfAGroupBeginsOrEndsWithoutASample) {
+    struct Row {
+        int perPixel;
+        std::size_t first, last;
+    };
+    // A part of ten samples, and a whole group.
+    for (const Row& row : {Row{100, 2048, 2057}, Row{256, 5120, 5183}}) {
+        for (const std::size_t missing : {row.first, row.last, row.first + 3}) {
+            const Line line(row.perPixel,
+                            {{row.first + 1, 10.0}, {row.first + 8, 90.0}, {missing, notANumber}});
+            const auto pieces = piecesOf(line.samples());
+            EXPECT_EQ(pieces.size(), missing == row.first + 3 ? 1u : 2u) << missing;
+            EXPECT_EQ(busyPointsOf(pieces).size(), 2u) << missing;
+        }
+    }
+}
+
 TEST(ReducedPath, HoldsEachSampleOfAGroupThatSuddenlyLiesFarApart) {
     for (const double step : {0.02, 0.25, 0.5}) {
         // Of 64 samples, the last of which is followed by a long way.
