@@ -325,6 +325,20 @@ TEST(PlotLayout, LabelsKeepTheirDistanceAndTwoAreShownWhereTwoFit) {
     EXPECT_GT(several, 100);
 }
 
+TEST(PlotLayout, YearsNeedOneLineThoughTheMonthsThatFoundNoRoomNeedTwo) {
+    Plot plot;
+    enableOnly(plot, {0});
+    plot.axis(0).setScale(Scale::time("UTC"));
+    // From September 2020 to February 2022.
+    plot.setAxisScale(0, 1.6e9, 1.6e9 + 4.38244e7);
+    RecordingPainter painter;
+    plot.renderInto(painter, 200, 78);
+    const auto texts = painter.linesOf("drawText");
+    ASSERT_EQ(texts.size(), 2u);
+    EXPECT_NE(texts[0].find("\"2021\""), std::string::npos);
+    EXPECT_NE(texts[1].find("\"2022\""), std::string::npos);
+}
+
 TEST(PlotLayout, CategoriesAreAllNamedAsLongAsTheirNamesKeepTheirDistance) {
     for (const bool horizontal : {false, true}) {
         int changes = 0;

@@ -304,6 +304,24 @@ TEST(Samples, ARingAnswersAsItsLastSamplesDo) {
     }
 }
 
+TEST(Samples, ARingKnowsTheExtentOfEachSampleAtOnce) {
+    constexpr std::size_t capacity = 256;
+    Samples ring = Samples::streamed(capacity);
+    for (std::size_t i = 0; i < capacity; ++i)
+        ring.append(static_cast<double>(i), 0.0);
+    EXPECT_EQ(ring.yExtent(0, capacity), (Interval{0.0, 0.0}));
+    for (std::size_t i = 0; i < 2 * capacity; ++i) {
+        const auto x = static_cast<double>(capacity + i);
+        ring.append(x, x);
+        EXPECT_EQ(ring.yExtent(0, capacity).max, x);
+        EXPECT_EQ(ring.yExtent(0, capacity).min, i < capacity - 1 ? 0.0 : x - capacity + 1.0);
+    }
+    ring.clear();
+    for (std::size_t i = 0; i < capacity; ++i)
+        ring.append(static_cast<double>(i), -5.0);
+    EXPECT_EQ(ring.yExtent(0, capacity), (Interval{-5.0, -5.0}));
+}
+
 TEST(Samples, OnlyRingsGrow) {
     Samples owned({1.0}, {1.0});
     EXPECT_FALSE(owned.append(2.0, 2.0));
