@@ -360,6 +360,29 @@ TEST(ReducedPath, HoldsSamplesThatStandAboveEachOther) {
               told({{20.0, 10.0}, {20.0, 90.0}, {20.0, 30.0}}));
 }
 
+TEST(ReducedPath, LeavesOutOnlyWhatLiesWithinAFortiethOfAPixelOfIt) {
+    struct Row {
+        const char* what;
+        std::vector<double> x, y;
+        std::vector<Point> expected;
+    };
+    for (const Row& row :
+         {Row{"goes on", {10, 20, 30}, {50, 50.01, 50}, {{10, 50}, {30, 50}}},
+          {"turns off", {10, 20, 30}, {50, 50.06, 50}, {{10, 50}, {20, 50.06}, {30, 50}}},
+          {"hardly turns back", {20, 20, 20, 20}, {10, 30, 29.99, 60}, {{20, 10}, {20, 60}}},
+          {"turns back", {20, 20, 20}, {10, 30, 29.9}, {{20, 10}, {20, 30}, {20, 29.9}}},
+          {"turns back a long way on",
+           {20, 20, 20},
+           {10, 70, 69.9},
+           {{20, 10}, {20, 70}, {20, 69.9}}},
+          {"leaves its first point by more",
+           {10, 20, 30, 40},
+           {50, 50, 50.03, 50.078},
+           {{10, 50}, {30, 50.03}, {40, 50.078}}}})
+        EXPECT_EQ(told(piecesOf(Samples(row.x, row.y)), 0.0, 100.0), told(row.expected))
+            << row.what;
+}
+
 TEST(ReducedPath, TakesNoStepOutOfAGap) {
     LineSeries series({10.0, 20.0, 30.0, 40.0, 50.0}, {10.0, 20.0, notANumber, 40.0, 50.0});
     series.setSteps(LineSteps::Before);
