@@ -581,3 +581,18 @@ TEST(ReducedPath, LooksAtNoSampleBehindTheLast) {
         piecesOf(Samples::borrowed(std::span(line.x).first(count), std::span(line.y).first(count)));
     EXPECT_EQ(told(pieces, 20.0, 200.0), told({{20.05, 20.0}, {20.15, 80.0}}));
 }
+
+TEST(ReducedPath, SplitsTheLastGroupAsIfNothingCameBehindIt) {
+    // Its last part is narrow, though the next number in memory is far away.
+    Line line = parked(inGroups);
+    for (int i = 0; i < 64; ++i)
+        put(line, 20.0 + i / 100.0, calm);
+    const std::size_t count = line.x.size();
+    for (const int i : {2, 4, 6, 8})
+        line.y[count - 10 + static_cast<std::size_t>(i)] = i % 4 == 0 ? 10.0 + i : 90.0 - i;
+    const std::vector<Point> expected = {line.at(count - 8), line.at(count - 6)};
+    put(line, 60.0, 0.0);
+    EXPECT_EQ(told(busyPointsOf(piecesOf(Samples::borrowed(std::span(line.x).first(count),
+                                                           std::span(line.y).first(count))))),
+              told(expected));
+}
