@@ -48,9 +48,10 @@ Pen LineSeries::Private::pen(const Color& color) const {
 
 void LineSeries::Private::makeSteps() {
     stepped.clear();
+    const auto isGap = [](const Point& p) { return std::isnan(p.x) || std::isnan(p.y); };
     for (std::size_t i = 0; i < path.size(); ++i) {
         const Point& to = path[i];
-        if (i > 0 && !std::isnan(path[i - 1].x) && !std::isnan(to.x)) {
+        if (i > 0 && !isGap(path[i - 1]) && !isGap(to)) {
             const Point& from = path[i - 1];
             if (steps == LineSteps::Before) {
                 stepped.push_back({from.x, to.y});

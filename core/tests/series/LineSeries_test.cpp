@@ -96,6 +96,19 @@ TEST(LineSeries, GoesInStepsBeforeAfterAndBetweenSamples) {
     }
 }
 
+TEST(LineSeries, StepsOfUnsortedSamplesStopAtGaps) {
+    for (const LineSteps steps : {LineSteps::After, LineSteps::Before, LineSteps::Mid}) {
+        LineSeries series({0.0, 4.0, 8.0, 6.0, 10.0}, {2.0, 2.0, notANumber, 6.0, 6.0});
+        series.setWidth(1.0);
+        series.setSteps(steps);
+        RecordingPainter painter;
+        draw(series, painter, xOver(0.0, 10.0), yOver(0.0, 10.0));
+        EXPECT_EQ(painter.text(), "setPen #000000 1\n"
+                                  "drawPolyline 0,160 160,160\n"
+                                  "drawPolyline 240,80 400,80\n");
+    }
+}
+
 TEST(LineSeries, CostsAsMuchAsTheCanvasHasColumnsHoweverManySamplesThereAre) {
     for (std::size_t count : {1000u, 10000u, 100000u, 1000000u, 10000000u}) {
         for (double pen : {1.0, 3.0}) {
