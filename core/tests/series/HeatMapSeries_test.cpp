@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -352,4 +353,49 @@ TEST(HeatMapSeries, SeveralRowsOfPixelsOverTheSameCellsAreEqual) {
     EXPECT_NE(view.painter.at(0, 20), view.painter.at(0, 30));
     EXPECT_EQ(view.painter.at(0, 19), Color(0, 0, 0, 0));
     EXPECT_EQ(view.painter.at(0, 90), Color(0, 0, 0, 0));
+}
+
+TEST(HeatMapSeries, NothingOfFormerPicturesShowsWhereTheirMemoryIsUsedAgain) {
+    const HeatMapSeries series(four());
+    View view;
+    // The memory of one frame serves the one after the next.
+    for (const double shift : {0.0, 0.011, 4.003, 4.014, 0.0})
+        for (const bool across : {true, false}) {
+            view.x = ScaleMap(Scale::linear(), 0.0, 100.0, across ? shift : 0.0, 10.0 + shift);
+            view.y = ScaleMap(Scale::linear(), 100.0, 0.0, across ? 0.0 : -shift, 10.0);
+            view.draw(series);
+            const auto bytes = view.painter.bytes;
+            View fresh;
+            fresh.x = view.x;
+            fresh.y = view.y;
+            fresh.draw(HeatMapSeries(four()));
+            EXPECT_EQ(bytes, fresh.painter.bytes) << shift << ' ' << across;
+        }
+}
+
+TEST(HeatMapSeries, EveryPixelShowsTheMeanOfCellsThatItCovers) {
+    // From less than a cell to hundreds of them for a pixel, in either direction and beside the
+    // grid: a ramp shows which cells were looked at.
+    for (const std::size_t columns : {3u, 90u, 250u, 333u, 520u, 1000u, 30000u})
+        for (const bool forward : {true, false}) {
+            std::vector<double> values(columns * 3);
+            for (std::size_t i = 0; i < values.size(); ++i)
+                values[i] = (static_cast<double>(i % columns) + 0.5) / static_cast<double>(columns);
+            ColorScale colors(ColorMap({Color(0, 0, 0), Color(255, 255, 255)}));
+            colors.setRange(0.0, 1.0);
+            const GridSpan span = forward ? GridSpan{0.5, 9.5} : GridSpan{9.5, 0.5};
+            HeatMapSeries series(Grid(values, columns, span, {0.0, 10.0}));
+            series.setColorScale(colors);
+            View view;
+            view.draw(series);
+            const double cell = 255.0 / static_cast<double>(columns);
+            for (int x = 5; x < 95; ++x) {
+                const double share = (x + 0.5 - 5.0) / 90.0;
+                EXPECT_NEAR(view.painter.at(x, 50).red(), 255.0 * (forward ? share : 1.0 - share),
+                            std::max(0.5 * cell, 255.0 / 90.0 / 2.0) + 1.0)
+                    << columns << ' ' << forward << ' ' << x;
+            }
+            EXPECT_EQ(view.painter.at(4, 50), Color(0, 0, 0, 0));
+            EXPECT_EQ(view.painter.at(95, 50), Color(0, 0, 0, 0));
+        }
 }
