@@ -41,25 +41,33 @@ private:
         int begin = 0;
         int end = 0;
     };
-    std::int32_t* nextOpen(int band) {
-        return openInBand.data() +
-               static_cast<std::size_t>(band) * static_cast<std::size_t>(columns);
+    // How many next to each other.
+    struct Rows {
+        int above = 0;
+        int below = 0;
+    };
+    // A bit for each column of pixels, set where it is full.
+    using Bits = std::uint64_t;
+    static constexpr int bitsSize = 64;
+    Bits* fullIn(int band) { return full.data() + static_cast<std::size_t>(band) * bitsAcross; }
+    const Bits* fullIn(int band) const {
+        return full.data() + static_cast<std::size_t>(band) * bitsAcross;
     }
-    const std::int32_t* nextOpen(int band) const {
-        return openInBand.data() +
-               static_cast<std::size_t>(band) * static_cast<std::size_t>(columns);
-    }
+    int nextColumn(int band, int from, bool isFull) const;
     int leastPatience() const;
     void lookAtAll(PointMask& mask);
     int closeColumns(PointMask& mask, int band);
     Run longestRun(int band) const;
-    void lookForCore();
+    static Rows fullRows(const PointMask& mask, const Run& part, int band);
+    void lookForCore(const PointMask& mask);
 
     int columns = 0;
     int rows = 0;
     int bands = 0;
-    // By bands: for every column of pixels, the first from there on that is not full.
-    std::vector<std::int32_t> openInBand;
+    // By bands; those beside the picture are full. It is asked for each band that a path crosses,
+    // so it is small enough to remain in the cache beside the mask.
+    std::vector<Bits> full;
+    std::size_t bitsAcross = 0;
     std::vector<Run> longestRuns;
     Rect largest;
     int openColumns = 0;
