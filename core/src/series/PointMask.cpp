@@ -8,7 +8,7 @@ void PointMask::begin(int columns, int rows) {
     rowCount = rows;
     tileCount = (columns + tileSide - 1) / tileSide;
     // A tile more, because what ends in the last one looks beyond it.
-    words.assign(tileOffset(1, tilesDown()), 0);
+    tiles.assign(tileOffset(1, tilesDown()) / tileRows, Tile{});
     const auto beside = static_cast<unsigned>(columns * across);
     for (int pointRow = 0; pointRow < tilesDown() * tileRows; ++pointRow)
         fill(row(pointRow), pointRow < pointRows() ? beside : 0,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -41,8 +42,10 @@ public:
     int tilesDown() const { return (rowCount + tileSide - 1) / tileSide; }
 
     /// The rows of a tile one after another; those of the next tile to the right follow.
-    Word* tile(int column, int row) { return words.data() + tileOffset(column, row); }
-    const Word* tile(int column, int row) const { return words.data() + tileOffset(column, row); }
+    Word* tile(int column, int row) { return tiles.data()->rows.data() + tileOffset(column, row); }
+    const Word* tile(int column, int row) const {
+        return tiles.data()->rows.data() + tileOffset(column, row);
+    }
 
     /// The first word of a row of points; that of the tile to the right is `tileRows` words on.
     Word* row(int pointRow) {
@@ -69,6 +72,11 @@ public:
     }
 
 private:
+    // So that rows which are filled together share a line of the cache.
+    struct alignas(64) Tile {
+        std::array<Word, tileRows> rows{};
+    };
+
     std::size_t tileOffset(int column, int row) const {
         return (static_cast<std::size_t>(row) * static_cast<std::size_t>(tileCount) +
                 static_cast<std::size_t>(column)) *
@@ -79,7 +87,7 @@ private:
     int columnCount = 0;
     int rowCount = 0;
     int tileCount = 0;
-    std::vector<Word> words;
+    std::vector<Tile> tiles;
 };
 
 /// How many points of each pixel of a word are not reached, in the byte of the pixel.
