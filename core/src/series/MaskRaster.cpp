@@ -103,19 +103,25 @@ void MaskRaster::addSegment(std::span<const Point> piece, std::size_t end) {
     addStroke({a, b, half});
 }
 
-// The wedges where a path turns at `b`.
+// The wedge where a path turns at `b`; on the inner side the segments cover each other.
 void MaskRaster::addJoin(const Point& a, const Point& b, const Point& c) {
+    if (filled.hides({b.x - half, b.y - half, 2.0 * half, 2.0 * half}))
+        return;
     const double in = distance(a, b);
     const double out = distance(b, c);
-    if (!(in > 0.0 && out > 0.0) || filled.hides({b.x - half, b.y - half, 2.0 * half, 2.0 * half}))
+    if (!(in > 0.0 && out > 0.0))
         return;
     const Point n{-(b.y - a.y) / in * half, (b.x - a.x) / in * half};
     const Point m{-(c.y - b.y) / out * half, (c.x - b.x) / out * half};
     // Nearly straight joins leave no wedge that a point could fall into.
     if (n.x * m.x + n.y * m.y >= 0.95 * half * half)
         return;
-    addTriangle(b, {b.x + n.x, b.y + n.y}, {b.x + m.x, b.y + m.y});
-    addTriangle(b, {b.x - n.x, b.y - n.y}, {b.x - m.x, b.y - m.y});
+    const bool turnsToN = n.x * (c.x - b.x) + n.y * (c.y - b.y) > 0.0;
+    const bool isInnerCovered = in > half || out > half;
+    if (!turnsToN || !isInnerCovered)
+        addTriangle(b, {b.x + n.x, b.y + n.y}, {b.x + m.x, b.y + m.y});
+    if (turnsToN || !isInnerCovered)
+        addTriangle(b, {b.x - n.x, b.y - n.y}, {b.x - m.x, b.y - m.y});
 }
 
 void MaskRaster::addStroke(const SegmentStroke& segment) {
@@ -221,18 +227,20 @@ void MaskRaster::fillStripe(int begin, int end, double middle, double step, doub
     for (int row = begin; row < end;) {
         PointMask::Word* words = mask.row(row);
         const int stop = std::min(end, (row / bandRows + 1) * bandRows);
-        while (row < stop) {
-            const bool isWhole = together > 0 && row % together == 0 && row + together <= stop;
-            const int count = isWhole ? together : 1;
-            if (isWhole)
-                pattern.fill(words, from);
-            else
+        const auto fillTo = [&](int other) {
+            for (; row < other; ++row, ++words, from += stride)
                 PointMask::fill(words, static_cast<unsigned>(from >> shift),
                                 static_cast<unsigned>((from + reach) >> shift));
-            row += count;
-            words += count;
-            from += count * stride;
+        };
+        if (together > 0) {
+            // To where a pattern fills whole lines of the cache; it has a power of two of rows.
+            fillTo(std::min(stop, (row + together - 1) & -together));
+            for (; row + together <= stop; row += together, words += together) {
+                pattern.fill(words, from);
+                from += together * stride;
+            }
         }
+        fillTo(stop);
     }
 }
 
