@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -111,8 +112,15 @@ private:
 class Stopwatch {
 public:
     ~Stopwatch() {
-        if (now() - start > limit)
+        if (now() - start > allowed)
             ranOver() = true;
+    }
+
+    /// Says that a picture of so many pixels is drawn: one larger than the screens of today may take
+    /// longer in proportion, since filling it does.
+    void drawing(double pixels) {
+        constexpr double screen = 5120.0 * 2880;
+        allowed = limit * std::max(1.0, pixels / screen);
     }
 
     /// Runs it all once more where something took too long, since the first time has files to read
@@ -147,6 +155,7 @@ private:
         return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
     }
     double start = now();
+    double allowed = limit;
 };
 
 } // namespace fuzz

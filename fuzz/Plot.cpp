@@ -553,7 +553,11 @@ void checkState(const Plot& plot) {
 
 void render(Plot& plot, Bytes& bytes) {
     test::StrictPainter painter;
-    plot.renderInto(painter, bytes.integer() * 2, bytes.integer() * 2);
+    const int width = bytes.integer() * 2;
+    const int height = bytes.integer() * 2;
+    fuzz::Stopwatch stopwatch;
+    stopwatch.drawing(1.0 * width * height);
+    plot.renderInto(painter, width, height);
     require(painter.fault().empty(), painter.fault().c_str());
     require(painter.isBalanced(), "states that are all restored");
     checkState(plot);
@@ -573,8 +577,13 @@ void run(Bytes bytes) {
         const int which = bytes.choice(2);
         Plot& plot = *plots.at(static_cast<std::size_t>(which));
         Plot& other = *plots.at(static_cast<std::size_t>(1 - which));
+        const int action = bytes.choice(12);
+        if (action == 11) {
+            render(plot, bytes);
+            continue;
+        }
         const fuzz::Stopwatch stopwatch;
-        switch (bytes.choice(12)) {
+        switch (action) {
         case 0:
         case 1:
             if (plot.series().size() < 12)
@@ -614,7 +623,7 @@ void run(Bytes bytes) {
                 plots.at(static_cast<std::size_t>(which)) = std::make_shared<Plot>();
             break;
         default:
-            render(plot, bytes);
+            break;
         }
     }
     render(*plots.front(), bytes);
