@@ -74,6 +74,7 @@ private:
     void updateModeLabel();
     void retranslateUi();
     void observeContainingWindow();
+    void observeNativeWindow();
     void repositionVisiblePopups();
     void scheduleRepositioning();
     bool handleHelpButtonKey(QEvent* event);

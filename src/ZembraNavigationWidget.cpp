@@ -19,6 +19,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -414,6 +415,14 @@ void ZembraNavigationWidget::repositionVisiblePopups() {
         positionCoachMark();
 }
 
+// Until the first resize of a window that was just shown, Qt adds up the places of widgets without
+// asking the screens; where they are scaled, a window that reaches to another one is then mistaken.
+// The widget hears of that resize only where its size changes, its native window always does.
+void ZembraNavigationWidget::observeNativeWindow() {
+    if (QWindow* native = window()->windowHandle())
+        native->installEventFilter(this);
+}
+
 // Folds a burst of moves into one repositioning.
 void ZembraNavigationWidget::scheduleRepositioning() {
     if (d->repositionScheduled)
@@ -464,7 +473,7 @@ bool ZembraNavigationWidget::eventFilter(QObject* watched, QEvent* event) {
         }
     }
 
-    if ((watched == this || watched == d->observedWindow) &&
+    if ((watched == this || watched == d->observedWindow || watched == window()->windowHandle()) &&
         (d->helpPopup->isVisible() || d->coachMark->isVisible()) &&
         (type == QEvent::Move || type == QEvent::Resize || type == QEvent::WindowStateChange ||
          type == QEvent::ScreenChangeInternal))
@@ -580,6 +589,7 @@ void ZembraNavigationWidget::positionPopup(QFrame* popup) {
 
 void ZembraNavigationWidget::showHelpPopup() {
     hideCoachMark();
+    observeNativeWindow();
     positionPopup(d->helpPopup);
     d->helpPopup->show();
     d->helpPopup->raise();
@@ -697,6 +707,7 @@ void ZembraNavigationWidget::showCoachMark() {
     }
     d->coachPending = false;
     d->helpPopup->hide();
+    observeNativeWindow();
     // The first pass sizes a hidden window, the second uses the one that is shown, and the third
     // serves window managers that settle the geometry a little later.
     positionCoachMark();

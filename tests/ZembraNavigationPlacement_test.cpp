@@ -145,6 +145,34 @@ private Q_SLOTS:
         }
     }
 
+    // Shown in the same turn as the host's window, they are placed before Qt knows which screen the
+    // window reaches to.
+    void windowsShownTogetherWithTheHostStandBesideTheButton_data() {
+        QTest::addColumn<bool>("isCoachMark");
+        QTest::newRow("popup") << false;
+        QTest::newRow("coach mark") << true;
+    }
+    void windowsShownTogetherWithTheHostStandBesideTheButton() {
+        QFETCH(bool, isCoachMark);
+        const QRect left = screenNamed(QStringLiteral("left"))->geometry();
+        for (int beyond = -120; beyond <= 120; beyond += 40) {
+            HostWindow host;
+            host.window.move(left.topLeft());
+            host.window.winId();
+            host.window.move(left.bottomRight() + QPoint(beyond, -100));
+            host.window.show();
+            if (isCoachMark)
+                host.strip.showCoachMark();
+            else
+                host.chrome.helpButton()->click();
+            QVERIFY(QTest::qWaitForWindowExposed(&host.window));
+            if (isCoachMark)
+                QTRY_COMPARE(host.chrome.coach()->geometry(), host.chrome.expectedCoachRect());
+            else
+                QTRY_COMPARE(host.chrome.popup()->geometry(), host.chrome.expectedPopupRect());
+        }
+    }
+
     void popupLargerThanItsScreenTakesAllOfIt() {
         HostWindow host;
         const QRect area = screenNamed(QStringLiteral("small"))->availableGeometry();
