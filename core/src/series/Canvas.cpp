@@ -56,10 +56,6 @@ Point Canvas::toPixel(double x, double y) const {
     return {xMap.transform(x), yMap.transform(y)};
 }
 
-void Canvas::usePen(const Pen& pen) {
-    painter.setPen(pen);
-}
-
 void Canvas::drawLine(const Point& from, const Point& to, const Pen& pen) {
     drawPolyline({from, to}, pen);
 }
@@ -72,7 +68,7 @@ void Canvas::drawRect(const Rect& rect, const Pen& pen) {
     if (!isFinite(rect))
         return;
     if (contains(area, rect)) {
-        usePen(pen);
+        usePen(painter, pen);
         painter.drawRect(rect);
         return;
     }
@@ -89,7 +85,7 @@ void Canvas::drawEllipse(const Point& centre, double rx, double ry, const Pen& p
     if (!isFinite(box))
         return;
     if (contains(area, box)) {
-        usePen(pen);
+        usePen(painter, pen);
         painter.drawEllipse(centre.x, centre.y, rx, ry);
         return;
     }

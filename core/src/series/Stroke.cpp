@@ -18,6 +18,8 @@ namespace {
 
 // Raster engines lose precision or break beyond this many pixels.
 constexpr double farthest = 16000.0;
+// Pens wider than this look the same everywhere, and whole numbers cannot hold their sizes.
+constexpr double widest = 2.0 * farthest;
 // Strokers take time that grows with the square of the points when a pen is wider than a pixel.
 constexpr std::size_t chunkSize = 16;
 constexpr double chunkLength = 300.0;
@@ -309,13 +311,23 @@ void drawDense(Painter& painter, const Rect& area, ClippedPath& stroke, const Pe
 
 } // namespace
 
+void usePen(Painter& painter, const Pen& pen) {
+    if (!(pen.widthF() > widest)) {
+        painter.setPen(pen);
+        return;
+    }
+    Pen bounded = pen;
+    bounded.setWidthF(widest);
+    painter.setPen(bounded);
+}
+
 void strokePath(Painter& painter, const Rect& area, std::span<const Point> path, const Pen& pen,
                 double pixelRatio, FrameBuffers& buffers) {
     const bool hidden = pen.style() == PenStyle::None && pen.dashPattern().empty();
     if (hidden || area.isEmpty())
         return;
     // A pen of no width is drawn as the thinnest line there is.
-    const double width = pen.widthF() > 0.0 ? pen.widthF() : 1.0;
+    const double width = pen.widthF() > 0.0 ? std::min(pen.widthF(), widest) : 1.0;
     const Rect limits =
         intersected(area.grown(width), {-farthest, -farthest, 2.0 * farthest, 2.0 * farthest});
     thread_local ClippedPath stroke;
@@ -327,7 +339,7 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
         drawDense(painter, area, stroke, pen, width, pixelRatio, buffers);
         return;
     }
-    painter.setPen(pen);
+    usePen(painter, pen);
     // A few points are the painter's own business.
     constexpr std::size_t few = 4;
     const bool mayBeCut = width > 1.0 && !inOnePiece;

@@ -8,6 +8,9 @@
 
 namespace zembra {
 
+/// Sets the painter's pen, bounded to a width that every painter can take.
+void usePen(Painter& painter, const Pen& pen);
+
 /// Draws the stroke of a path with a pen, at a cost bounded by the pixels of `area` and the number
 /// of points, whatever the pen: as polylines where the path is simple, as a picture where it is
 /// dense, drawn as rectangles where `pixelRatio` says that the target has finer pixels.

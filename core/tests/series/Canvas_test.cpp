@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "support/HostileNumbers.h"
+#include "support/StrictPainter.h"
 
 #include <zembra/series/Canvas.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -214,4 +216,28 @@ TEST(Canvas, ADashedPathOfManyPointsIsOnePictureOfItsOwnSize) {
     pen.setStyle(PenStyle::Dash);
     bench.canvas.drawPolyline(path, pen);
     EXPECT_EQ(bench.text(), "drawImage 103x104 149.5,100\n");
+}
+
+TEST(Canvas, PensOfAnyWidthReachThePainterAsOneItCanDraw) {
+    const Rect wide{10.0, 10.0, 300.0, 200.0};
+    std::vector<Point> dense;
+    for (int i = 0; i < 30000; ++i)
+        dense.push_back({10.0 + 0.01 * i, i % 2 ? 20.0 : 200.0});
+    for (const double width : {1e5, 1e9, 1e300, std::numeric_limits<double>::infinity()}) {
+        for (const auto& dashes : {std::vector<double>{}, std::vector<double>{3.0, 2.0}}) {
+            for (const int alpha : {255, 100}) {
+                StrictPainter painter;
+                FrameBuffers buffers;
+                const ScaleMap map(Scale::linear(), 10.0, 300.0, 0.0, 1.0);
+                Canvas canvas(painter, wide, map, map, {}, buffers);
+                Pen pen(Color(1, 2, 3, alpha), width);
+                pen.setDashPattern(dashes);
+                canvas.drawRect({20.0, 20.0, 30.0, 30.0}, pen);
+                canvas.drawEllipse({60.0, 60.0}, 20.0, 10.0, pen);
+                canvas.drawLine({20.0, 20.0}, {90.0, 80.0}, pen);
+                canvas.drawPolyline(dense, pen);
+                EXPECT_EQ(painter.fault(), "") << width << ' ' << dashes.size() << ' ' << alpha;
+            }
+        }
+    }
 }

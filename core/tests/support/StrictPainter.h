@@ -25,6 +25,8 @@ public:
     void restore() override { close('s'); }
     void setPen(const Pen& pen) override {
         size(pen.widthF());
+        if (pen.widthF() > 32000.0)
+            note("a pen wider than twice the farthest coordinate");
         for (const double dash : pen.dashPattern())
             size(dash);
     }

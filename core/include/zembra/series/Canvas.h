@@ -85,8 +85,6 @@ public:
     TextExtent measureText(const std::string& text, const Font& font);
 
 private:
-    void usePen(const Pen& pen);
-
     Painter& painter;
     Rect area;
     double ratio = 1.0;
