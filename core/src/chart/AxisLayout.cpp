@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace zembra {
 
@@ -32,8 +33,7 @@ int mostTicks(double length, double fontSize, bool horizontal, bool isCategorica
 bool fits(const AxisLayout& layout, const Font& font) {
     const double gap = leastLabelDistance * font.pixelSize();
     const double height = lineHeight(font) * (layout.hasGroups ? 2.0 : 1.0);
-    bool isFirst = true;
-    double previousPixel = 0.0;
+    double previousPixel = -std::numeric_limits<double>::infinity();
     double previousExtent = 0.0;
     for (std::size_t i = 0; i < layout.ticks.major.size(); ++i) {
         const Tick& tick = layout.ticks.major[i];
@@ -41,9 +41,8 @@ bool fits(const AxisLayout& layout, const Font& font) {
             continue;
         const double pixel = layout.map.transform(tick.value);
         const double extent = layout.horizontal ? layout.labelWidths[i] + gap : height;
-        if (!isFirst && std::abs(pixel - previousPixel) < 0.5 * (extent + previousExtent))
+        if (std::abs(pixel - previousPixel) < 0.5 * (extent + previousExtent))
             return false;
-        isFirst = false;
         previousPixel = pixel;
         previousExtent = extent;
     }
@@ -59,8 +58,8 @@ double evenSpan(const ScaleMap& map) {
     return std::abs(map.scale().transform(map.s2()) - map.scale().transform(map.s1()));
 }
 
-bool isSameSpan(double a, double b) {
-    return std::abs(a - b) <= 1e-6 * std::max(a, b);
+bool isSameSpan(double before, double now) {
+    return std::abs(now - before) <= 1e-6 * before;
 }
 
 void measureLabels(AxisLayout& layout, const Font& font, TextMeasure& measure) {
@@ -88,7 +87,7 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
     const double length = std::abs(map.p2() - map.p1());
     if (memory.revision != axis.revision || memory.length != length ||
         memory.fontSize != font.pixelSize())
-        memory = {axis.revision, length, font.pixelSize(), 0.0, 0.0, 0};
+        memory = {.revision = axis.revision, .length = length, .fontSize = font.pixelSize()};
 
     AxisLayout layout;
     layout.horizontal = horizontal;
@@ -97,7 +96,7 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
     request.step = axis.step;
     request.format = axis.format;
     request.maxMajor = mostTicks(length, font.pixelSize(), horizontal, map.scale().isCategorical());
-    if (memory.maxMajor > 0 && isSameSpan(memory.span, evenSpan(map)))
+    if (isSameSpan(memory.span, evenSpan(map)))
         request.maxMajor = memory.maxMajor;
     const auto ask = [&](int maxMajor) {
         request.maxMajor = maxMajor;
@@ -106,7 +105,7 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
         return fits(layout, font);
     };
     while (!ask(request.maxMajor) && request.maxMajor > 1)
-        request.maxMajor = std::max(1, std::min(request.maxMajor - 1, request.maxMajor * 3 / 4));
+        request.maxMajor = request.maxMajor * 3 / 4;
     // One label alone tells no scale: a finer step may bring a second one that still fits.
     if (const int found = request.maxMajor; labelCount(layout.ticks) < 2) {
         int finer = found;
