@@ -38,7 +38,7 @@ LegendLayout layoutLegendColumn(const std::vector<LegendName>& names, double wid
     const double room = width - 2.0 * padding - keyWidth - keyGap;
     const auto mostLines = static_cast<std::size_t>(std::max((height - 2.0 * padding) / line, 0.0));
     LegendLayout layout;
-    if (names.empty() || mostLines == 0 || room < 2.0 * font.pixelSize())
+    if (mostLines == 0 || room < 2.0 * font.pixelSize())
         return layout;
     const std::size_t shown = names.size() <= mostLines ? names.size() : mostLines - 1;
     double widest = 0.0;
@@ -62,30 +62,32 @@ LegendLayout layoutLegendRows(const std::vector<LegendName>& names, double width
     const double line = lineHeight(font);
     const double room = width - keyWidth - keyGap;
     LegendLayout layout;
-    if (names.empty() || room < 2.0 * font.pixelSize())
+    if (room < 2.0 * font.pixelSize())
         return layout;
+    const auto textOf = [&](std::size_t i) { return measure.elided(names[i].name, font, room); };
+    const auto extentOf = [&](const std::string& text) {
+        return keyWidth + keyGap + measure.width(text, font);
+    };
     double x = 0.0;
     int row = 0;
     for (std::size_t i = 0; i < names.size(); ++i) {
-        std::string text = measure.elided(names[i].name, font, room);
-        double extent = keyWidth + keyGap + measure.width(text, font);
-        const double reserve =
-            i + 1 < names.size()
-                ? entryGap + keyWidth + keyGap + measure.width(moreText(names.size()), font)
-                : 0.0;
-        if (x > 0.0 && x + extent > width) {
+        std::string text = textOf(i);
+        const double extent = extentOf(text);
+        if (x > 0.0 && x + extent > width && row + 1 < mostRows) {
             ++row;
             x = 0.0;
         }
-        const bool counts = row + 1 == mostRows && x > 0.0 && x + extent + reserve > width;
-        if (counts) {
-            text = moreText(names.size() - i);
-            extent = width;
-        }
+        // Beside a name of the last row, there has to be room for the one after it or for a count.
+        const std::size_t left = names.size() - i;
+        const bool counts =
+            row + 1 == mostRows && left > 1 &&
+            x + extent + entryGap + extentOf(left == 2 ? textOf(i + 1) : moreText(names.size())) >
+                width;
+        if (counts)
+            text = measure.elided(moreText(left), font, room);
         layout.entries.push_back(entryAt(x, row * line, line,
                                          counts ? std::string::npos : names[i].series,
                                          std::move(text), font));
-        layout.width = std::max(layout.width, std::min(x + extent, width));
         if (counts)
             break;
         x += extent + entryGap;

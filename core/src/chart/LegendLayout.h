@@ -33,12 +33,13 @@ struct LegendName {
     std::string name;
 };
 
-/// A column that is at most `width` × `height`; names are elided, and lines that find no room are
-/// counted in the last one. Empty where not even one line fits.
+/// A column of one name or more that is at most `width` × `height`; names are elided, and lines
+/// that find no room are counted in the last one. Empty where not even one line fits.
 LegendLayout layoutLegendColumn(const std::vector<LegendName>& names, double width, double height,
                                 const Theme& theme, TextMeasure& measure);
 
-/// Rows, filled from the left, at most `width` wide and `mostRows` high.
+/// Rows of one name or more, filled from the left, at most `width` wide and `mostRows` high; names
+/// are elided, and those that find no room are counted at the end. Their own width stays untold.
 LegendLayout layoutLegendRows(const std::vector<LegendName>& names, double width, int mostRows,
                               const Theme& theme, TextMeasure& measure);
 

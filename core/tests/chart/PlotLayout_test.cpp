@@ -5,6 +5,7 @@
 #include <zembra/chart/Plot.h>
 #include <zembra/scale/NumberFormat.h>
 #include <zembra/scale/Scale.h>
+#include <zembra/series/AreaSeries.h>
 #include <zembra/series/HeatMapSeries.h>
 #include <zembra/series/LineSeries.h>
 
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -175,6 +177,12 @@ TEST(PlotLayout, LegendsStandInTheirCornerOrBesideTheCanvas) {
             plot.legend().setPosition(position);
         };
     };
+    const auto alone = [](const std::function<void(Plot&)>& prepare) {
+        return [prepare](Plot& plot) {
+            prepare(plot);
+            enableOnly(plot, {});
+        };
+    };
     compareLayouts({
         {"automatic", at(LegendPosition::Automatic), 300, 200,
          "71,30 205x125 | One 114,57 | Two 114,73"},
@@ -209,7 +217,26 @@ TEST(PlotLayout, LegendsStandInTheirCornerOrBesideTheCanvas) {
          "71,30 205x125 | Name 114,57 | Namex 114,73 | Namexx 114,89 | Namexxx 114,105 | + 26 more "
          "114,121"},
         {"too wide", many(LegendPosition::TopRight, 4), 140, 200, "71,30 45x125"},
-        {"no room", many(LegendPosition::OutsideRight, 4), 120, 120, "2,2 116x116"},
+        {"as many as have room in a corner", alone(many(LegendPosition::TopLeft, 2)), 200, 82,
+         "12,12 176x58 | Name 55,39 | Namex 55,55"},
+        {"one too many for a corner", alone(many(LegendPosition::TopLeft, 2)), 200, 81,
+         "12,12 176x57 | + 2 more 55,39"},
+        {"room for one line in a corner", alone(many(LegendPosition::TopLeft, 2)), 200, 62,
+         "12,12 176x38 | + 2 more 55,39"},
+        {"room for none in a corner", alone(many(LegendPosition::TopLeft, 2)), 200, 61,
+         "12,12 176x37"},
+        {"narrow corner", alone(many(LegendPosition::TopLeft, 2)), 134, 200,
+         "12,12 110x176 | Na… 55,39 | Na… 55,55"},
+        {"corner too narrow", alone(many(LegendPosition::TopLeft, 2)), 133, 200, "12,12 109x176"},
+        {"narrow rows", alone(many(LegendPosition::OutsideTop, 2)), 76, 200,
+         "12,47 52x141 | Na… 40,27 | Na… 40,43"},
+        {"rows too narrow", alone(many(LegendPosition::OutsideTop, 2)), 75, 200, "12,15 51x173"},
+        {"a name that fills a row", alone(many(LegendPosition::OutsideTop, 3)), 96, 200,
+         "12,63 72x125 | Name 40,27 | Namex 40,43 | Namexx 40,59"},
+        {"a name wider than a row", alone(many(LegendPosition::OutsideTop, 3)), 95, 200,
+         "12,63 71x125 | Name 40,27 | Namex 40,43 | Name… 40,59"},
+        {"rows of a name each", alone(many(LegendPosition::OutsideTop, 4)), 103, 200,
+         "12,63 79x125 | Name 40,27 | Namex 40,43 | + 2 mo… 40,59"},
     });
 }
 
@@ -402,19 +429,72 @@ TEST(PlotLayout, EveryNameOfALegendIsShownOrCounted) {
     }
 }
 
-TEST(PlotLayout, NamesOfALegendFillItsRowToTheLastPixel) {
-    // Keys of 22 pixels, 6 beside them, names of 36 and 16 between: 144, and 12 at either edge.
-    for (const int size : {168, 167}) {
+TEST(PlotLayout, NamesOfALegendFillItsRowsToTheLastPixel) {
+    // Keys of 22 pixels, 6 beside them, names of 36 and 16 between: 144, and 12 at either edge. A
+    // count takes 57.6 pixels instead of 36.
+    struct Row {
+        int names, size;
+        const char* legend;
+    };
+    const std::string four = "| Names 40,27 | Names 120,27 | Names 40,43 | Names 120,43 ";
+    for (const Row& row : {Row{2, 168, "| Names 40,27 | Names 120,27"},
+                           {2, 167, "| Names 40,27 | Names 40,43"},
+                           {3, 167, "| Names 40,27 | Names 40,43 | Names 40,59"},
+                           {4, 167, "| Names 40,27 | Names 40,43 | + 2 more 40,59"},
+                           {6, 168, "4| Names 40,59 | Names 120,59"},
+                           {7, 168, "4| + 3 more 40,59"},
+                           {7, 190, "4| Names 40,59 | + 2 more 120,59"},
+                           {7, 189, "4| + 3 more 40,59"}}) {
         Plot plot;
-        addNamed(plot, "Names");
-        addNamed(plot, "Names");
+        enableOnly(plot, {});
+        for (int i = 0; i < row.names; ++i)
+            addNamed(plot, "Names");
         plot.legend().setPosition(LegendPosition::OutsideTop);
-        EXPECT_NE(
-            layoutOf(plot, size, 260)
-                .find(size == 168 ? "| Names 40,27 | Names 120,27" : "| Names 40,27 | Names 40,43"),
-            std::string::npos)
-            << size;
+        const std::string text = layoutOf(plot, row.size, 260);
+        const std::string expected = row.legend;
+        EXPECT_EQ(text.substr(std::min(text.find('|'), text.size())),
+                  expected[0] == '4' ? four + expected.substr(1) : expected)
+            << row.names << " " << row.size;
     }
+}
+
+TEST(PlotLayout, ALegendAboveTheCanvasHasThreeRowsAtMostAndStaysInThePicture) {
+    for (int size = 80; size < 700; size += 13) {
+        for (const std::size_t names : {2u, 4u, 5u, 9u, 30u}) {
+            Plot plot;
+            enableOnly(plot, {});
+            for (std::size_t i = 0; i < names; ++i)
+                addNamed(plot, "N" + std::string(i * 7 % 15, 'x'));
+            plot.legend().setPosition(LegendPosition::OutsideTop);
+            RecordingPainter painter;
+            plot.renderInto(painter, size, 260);
+            std::set<double> rows;
+            for (const std::string& line : painter.linesOf("drawText")) {
+                const auto quote = line.find('"');
+                const std::string text =
+                    line.substr(quote + 1, line.find('"', quote + 1) - quote - 1);
+                const auto dots = text.find("…");
+                const std::size_t length = dots == std::string::npos ? text.size() : dots + 1;
+                EXPECT_LE(std::stod(line.substr(9)) + 7.2 * static_cast<double>(length),
+                          size - 12.0 + 0.01)
+                    << text;
+                rows.insert(std::stod(line.substr(line.find(',') + 1)));
+            }
+            EXPECT_LE(rows.size(), 3u) << size << " " << names;
+            EXPECT_GE(rows.size(), 1u) << size << " " << names;
+        }
+    }
+}
+
+TEST(PlotLayout, KeysOfALegendLeaveTwoPixelsAboveAndBelow) {
+    Plot plot;
+    enableOnly(plot, {});
+    auto area = plot.add<AreaSeries>(std::vector{0.0, 10.0}, std::vector{0.0, 10.0}, "Area");
+    plot.legend().setVisible(true);
+    plot.legend().setPosition(LegendPosition::OutsideTop);
+    RecordingPainter painter;
+    plot.renderInto(painter, 300, 200);
+    EXPECT_NE(painter.text().find("fillRect 12,17 22x12"), std::string::npos) << painter.text();
 }
 
 TEST(PlotLayout, NamesKeepApartFromTheLongestOfThem) {
@@ -430,24 +510,4 @@ TEST(PlotLayout, NamesKeepApartFromTheLongestOfThem) {
         plot.renderInto(painter, 380, 200);
         EXPECT_LT(painter.count("drawText"), 10u) << longest;
     }
-}
-
-TEST(PlotLayout, TicksOnceThinnedStayThinWhileTheSpanStays) {
-    Plot plot;
-    enableOnly(plot, {2});
-    plot.axis(2).setNumberFormat(NumberFormat::custom([](double v) {
-        return v == 1000.0 ? std::string("a very long text") : std::to_string(static_cast<int>(v));
-    }));
-    const auto count = [&plot](double min, double max) {
-        plot.setAxisScale(2, min, max);
-        RecordingPainter painter;
-        plot.renderInto(painter, 640, 200);
-        return painter.count("drawText");
-    };
-    const std::size_t many = count(0.0, 10.0);
-    EXPECT_LT(count(995.0, 1005.0), many);
-    EXPECT_EQ(count(0.0, 10.0), 6u);
-    // Another span begins anew.
-    EXPECT_EQ(count(0.0, 10.1), many);
-    EXPECT_EQ(count(0.0, 10.0), many);
 }
