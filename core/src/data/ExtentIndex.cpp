@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace zembra {
 
@@ -15,7 +16,7 @@ namespace {
 template <class T>
 constexpr T infinity = std::numeric_limits<T>::infinity();
 
-// A comparison with NaN is false and so leaves the extremes as they are.
+// Widens the extremes; a comparison with NaN is false and so leaves them as they are.
 template <class T>
 void extremes(const T* values, std::size_t count, T& least, T& greatest) {
     using Values = Lanes<T>;
@@ -44,12 +45,10 @@ void extremes(const T* values, std::size_t count, T& least, T& greatest) {
     std::array<T, Values::size> highs;
     low[0].store(lows.data());
     high[0].store(highs.data());
-    least = lows[0];
-    greatest = highs[0];
-    for (std::size_t lane = 1; lane < Values::size; ++lane) {
-        least = lows[lane] < least ? lows[lane] : least;
-        greatest = highs[lane] > greatest ? highs[lane] : greatest;
-    }
+    for (const T value : lows)
+        least = value < least ? value : least;
+    for (const T value : highs)
+        greatest = value > greatest ? value : greatest;
     for (; i < count; ++i) {
         least = values[i] < least ? values[i] : least;
         greatest = values[i] > greatest ? values[i] : greatest;
@@ -77,11 +76,6 @@ ExtentIndex::Entry ExtentIndex::scan(const T* values, std::size_t first, std::si
     return entry;
 }
 
-void ExtentIndex::reset() {
-    levels.clear();
-    built = false;
-}
-
 void ExtentIndex::buildLevelAbove(std::size_t level, std::size_t first, std::size_t last) {
     const std::vector<Entry>& below = levels[level];
     std::vector<Entry>& above = levels[level + 1];
@@ -98,11 +92,12 @@ void ExtentIndex::buildLevelAbove(std::size_t level, std::size_t first, std::siz
 
 template <class T>
 void ExtentIndex::build(const T* values, std::size_t count) {
-    reset();
+    // Not before there is memory for all of it: half an index would be taken for a whole one.
+    std::vector<std::vector<Entry>> empty;
     // Only whole blocks: what is left over at the end is always looked at itself.
     for (std::size_t size = count / blockSize; size > 0; size /= fanOut)
-        levels.emplace_back().reserve(size);
-    // Not before there is memory for all of it: half an index would be taken for a whole one.
+        empty.emplace_back().reserve(size);
+    levels = std::move(empty);
     built = true;
     // Entries go straight into their place: so much memory is not to be touched twice.
     for (std::size_t block = 0; block < count / blockSize; ++block)

@@ -26,7 +26,6 @@ public:
     explicit ExtentIndex(Domain domain = Domain::All) : domain(domain) {}
 
     bool isBuilt() const { return built; }
-    void reset();
     template <class T>
     void build(const T* values, std::size_t count);
     /// Follows a change of the values from `first` to before `last`.

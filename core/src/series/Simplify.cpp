@@ -67,7 +67,6 @@ void Simplifier::add(const Point& point) {
         begun = true;
         alone = true;
         turnAt(point);
-        latest = point;
         return;
     }
     if (alone) {

@@ -157,9 +157,11 @@ TEST(LogTicks, WithinADecadeTheyStandWhereLinearOnesHaveRoom) {
         int maxMajor;
         const char* labels;
     };
-    constexpr Case cases[] = {
+    const Case cases[] = {
         {1, 5, 8, "2 4"},
         {1, 5.1, 8, "1 2 5"},
+        // Right at seven tenths of a decade, multiples begin.
+        {1, std::pow(10.0, 0.7), 8, "1 2 5"},
         {2, 9, 4, "2 4 6 8"},
         {4, 9, 2, "5"},
         {11, 19, 3, "15"},

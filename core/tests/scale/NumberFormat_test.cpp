@@ -191,6 +191,8 @@ TEST(NumberFormat, SingleNumbersAreRoundedToWhatMatters) {
     for (const double value : {inf, -inf, std::nan("")})
         EXPECT_EQ(NumberFormat().text(value), "");
     EXPECT_EQ(NumberFormat::percent().text(0.12345, 0.001), "12.3%");
+    // Seventeen digits, though the eighteenth would tell that it is a little less.
+    EXPECT_EQ(NumberFormat::fixed(0).text(1e-14, 1e-40), "0.00000000000001" + std::string(16, '0'));
 }
 
 TEST(NumberFormat, AFunctionThatFailsGivesNoText) {

@@ -188,6 +188,60 @@ TEST(Canvas, ARulerMeasuresInPlaceOfThePainter) {
     EXPECT_EQ(bench.measurements(), 0u);
 }
 
+TEST(Canvas, PolygonsAreCutAtTheEdgesOfTheCanvas) {
+    const struct {
+        const char* what;
+        std::vector<Point> corners;
+        const char* drawn;
+    } cases[] = {
+        {"inside", {{11, 11}, {13, 11}, {12, 13}}, "11,11 13,11 12,13"},
+        {"right at the edges", {{10, 10}, {14, 10}, {14, 14}}, "10,10 14,10 14,14"},
+        {"left", {{8, 11}, {12, 11}, {12, 13}, {8, 13}}, "10,11 12,11 12,13 10,13"},
+        {"right", {{12, 11}, {16, 11}, {16, 13}, {12, 13}}, "12,11 14,11 14,13 12,13"},
+        {"top", {{11, 8}, {13, 8}, {13, 12}, {11, 12}}, "13,10 13,12 11,12 11,10"},
+        {"bottom", {{11, 12}, {13, 12}, {13, 16}, {11, 16}}, "11,12 13,12 13,14 11,14"},
+        {"not half-way", {{9, 11}, {13, 11}, {13, 13}}, "10,11 13,11 13,13 10,11.5"},
+        {"all around", {{0, 0}, {40, 0}, {40, 40}, {0, 40}}, "14,10 14,14 10,14 10,10"},
+        {"outside", {{0, 11}, {9, 11}, {9, 13}}, nullptr},
+        {"beyond a corner", {{0, 13}, {9, 20}, {0, 20}}, nullptr},
+        {"two corners", {{11, 11}, {13, 13}}, nullptr},
+        {"none", {}, nullptr},
+    };
+    for (const auto& c : cases) {
+        Bench bench;
+        bench.canvas.fillPolygon(c.corners, ink);
+        std::vector<std::string> drawn = bench.linesOf("fillPolygon");
+        EXPECT_EQ(drawn.empty(), c.drawn == nullptr) << c.what;
+        if (c.drawn && !drawn.empty()) {
+            EXPECT_EQ(drawn[0], std::string("fillPolygon #010203 ") + c.drawn) << c.what;
+        }
+    }
+}
+
+TEST(Canvas, RectanglesAreCutAtTheEdgesOfTheCanvas) {
+    const struct {
+        Rect rect;
+        const char* call;
+    } cases[] = {
+        {{11.0, 12.0, 2.0, 1.0}, "fillRect 11,12 2x1 #010203\n"},
+        {{8.0, 11.0, 3.0, 1.0}, "fillRect 10,11 1x1 #010203\n"},
+        {{12.0, 11.0, 9.0, 1.0}, "fillRect 12,11 2x1 #010203\n"},
+        {{11.0, 8.0, 1.0, 3.0}, "fillRect 11,10 1x1 #010203\n"},
+        {{11.0, 12.0, 1.0, 9.0}, "fillRect 11,12 1x2 #010203\n"},
+        {{0.0, 0.0, 40.0, 40.0}, "fillRect 10,10 4x4 #010203\n"},
+        {{0.0, 11.0, 10.0, 1.0}, ""},
+        {{14.0, 11.0, 2.0, 1.0}, ""},
+        {{11.0, 0.0, 1.0, 10.0}, ""},
+        {{11.0, 14.0, 1.0, 2.0}, ""},
+        {{0.0, 20.0, 9.0, 9.0}, ""},
+    };
+    for (const auto& c : cases) {
+        Bench bench;
+        bench.canvas.fillRect(c.rect, ink);
+        EXPECT_EQ(bench.text(), c.call) << c.rect.x << " " << c.rect.y;
+    }
+}
+
 TEST(Canvas, ShapesWithoutFiniteCornersAreNotDrawn) {
     Bench bench;
     for (const double bad : {notANumber, HUGE_VAL}) {

@@ -13,6 +13,7 @@
 #include <span>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 // What is left of many samples, seen as the points that a line is drawn through: a canvas of
@@ -423,11 +424,11 @@ TEST(ReducedPath, PassesOverTheViewWhereNoSampleLiesInIt) {
 
 TEST(ReducedPath, CountsOnlyPositiveSamplesOnLogarithmicScales) {
     const ScaleMap log(Scale::log(), 0.0, 100.0, 1.0, 1e10);
-    for (const int count : {8, 64}) {
+    for (const auto& [count, least] : {std::pair{8, -7.0}, {8, 0.0}, {64, -7.0}, {64, 0.0}}) {
         Line line = parked(inStrips);
         line.y.assign(inStrips, 1e5);
         for (int i = 0; i < count; ++i)
-            put(line, 20.0 + i / 8.0 / count, i == 2 ? -7.0 : i == 3 ? 0.0 : 1e5);
+            put(line, 20.0 + i / 8.0 / count, i == 2 ? least : i == 3 ? 0.0 : 1e5);
         line.y[inStrips + 4] = 1e9;
         line.y[inStrips + 6] = 1e1;
         put(line, 30.0, 1e5);
