@@ -7,9 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <map>
+#include <random>
 #include <span>
 #include <string>
 #include <tuple>
@@ -120,6 +122,29 @@ void put(Line& line, double x, double y) {
 
 constexpr std::size_t inStrips = 5000;
 constexpr std::size_t inGroups = 64 * 300;
+
+// Whether a straight way from the point `anchor` to the point `i` passes within a fortieth of a
+// pixel of all between them, and goes as far as they do.
+bool isStraightWay(const std::vector<Point>& path, std::size_t anchor, std::size_t i) {
+    constexpr double tolerance = 0.025;
+    const auto from = [&](std::size_t k) {
+        return Point{path[k].x - path[anchor].x, path[k].y - path[anchor].y};
+    };
+    const Point way = from(i);
+    double reach = 0.0;
+    for (std::size_t k = anchor + 1; k < i; ++k) {
+        const Point p = from(k);
+        const double distance = std::hypot(p.x, p.y);
+        const double angle = std::atan2(p.x * way.y - p.y * way.x, p.x * way.x + p.y * way.y);
+        if (distance > tolerance && std::abs(angle) > std::atan(tolerance / distance))
+            return false;
+        // A single point is not passed again on the way back, either.
+        if (i == anchor + 2 && distance - std::cos(angle) * std::hypot(way.x, way.y) > tolerance)
+            return false;
+        reach = std::max(reach, distance);
+    }
+    return std::hypot(way.x, way.y) >= reach - tolerance;
+}
 
 } // namespace
 
@@ -382,6 +407,49 @@ TEST(ReducedPath, LeavesOutOnlyWhatLiesWithinAFortiethOfAPixelOfIt) {
            {{10, 50}, {30, 50.03}, {40, 50.078}}}})
         EXPECT_EQ(told(piecesOf(Samples(row.x, row.y)), 0.0, 100.0), told(row.expected))
             << row.what;
+}
+
+TEST(ReducedPath, GoesStraightOnForAsLongAsThatPassesCloseToEverySample) {
+    std::mt19937 dice(3);
+    const auto random = [&dice] { return static_cast<double>(dice()) / 4294967296.0; };
+    std::size_t samples = 0;
+    std::size_t kept = 0;
+    for (int round = 0; round < 400; ++round) {
+        // From far less than a pixel to several at each step, bending, trembling and turning back.
+        const double step = std::pow(10.0, 1.0 - 0.5 * (round % 7));
+        const double bend = std::pow(10.0, -0.5 * (round % 5));
+        std::vector<Point> path = {{100.0, 50.0}};
+        double heading = 6.3 * random();
+        for (int i = 0; i < 60; ++i) {
+            heading += bend * (random() - 0.5) + (random() < 0.1 ? 3.14 : 0.0);
+            const double length = step * random();
+            const Point& last = path.back();
+            path.push_back({std::clamp(last.x + length * std::cos(heading), 1.0, 199.0),
+                            std::clamp(last.y + length * std::sin(heading), 1.0, 99.0)});
+        }
+        std::vector<Point> expected = {path.front()};
+        std::size_t anchor = 0;
+        for (std::size_t i = 2; i < path.size(); ++i) {
+            if (isStraightWay(path, anchor, i))
+                continue;
+            anchor = i - 1;
+            expected.push_back(path[anchor]);
+        }
+        expected.push_back(path.back());
+        std::vector<double> x;
+        std::vector<double> y;
+        for (const Point& p : path) {
+            x.push_back(p.x);
+            y.push_back(p.y);
+        }
+        const auto pieces = piecesOf(Samples(x, y));
+        ASSERT_EQ(pieces.size(), 1u) << round;
+        ASSERT_EQ(told(pieces[0]), told(expected)) << round;
+        samples += path.size();
+        kept += expected.size();
+    }
+    EXPECT_GT(kept, samples / 10);
+    EXPECT_LT(kept, samples / 2);
 }
 
 TEST(ReducedPath, TakesNoStepOutOfAGap) {
