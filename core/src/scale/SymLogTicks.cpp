@@ -78,11 +78,8 @@ void addMajors(TickSet& set, const std::vector<LogStep>& steps, double min, doub
 void addMinors(TickSet& set, const Powers& powers, double min, double max) {
     std::vector<double> values;
     for (int power = powers.lowest; power <= powers.highest; ++power) {
-        for (int factor = 1; factor < 10; ++factor) {
-            const double value = Decimal{factor, power}.toDouble();
-            if (std::isfinite(value) && (values.empty() || value > values.back()))
-                values.push_back(value);
-        }
+        for (int factor = 1; factor < 10; ++factor)
+            values.push_back(Decimal{factor, power}.toDouble());
     }
     for (auto value = values.rbegin(); value != values.rend(); ++value) {
         if (-*value >= min && -*value <= max)

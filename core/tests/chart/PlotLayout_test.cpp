@@ -129,6 +129,14 @@ TEST(PlotLayout, AxesTakeRoomForTicksLabelsAndTitles) {
              plot.setTheme(theme);
          },
          301, 199, "68,29 209x127"},
+        {"odd sizes without a vertical axis",
+         [](Plot& plot) {
+             Theme theme = Theme::light();
+             theme.tickFont = Font::defaultFont(FontFamily::LatoRegular, 11.3);
+             plot.setTheme(theme);
+             enableOnly(plot, {2});
+         },
+         301, 199, "24,12 253x144"},
     });
 }
 

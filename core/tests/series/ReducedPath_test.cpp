@@ -182,15 +182,19 @@ TEST(ReducedPath, HoldsTheFirstLeastGreatestAndLastSampleOfEachStripHoweverSampl
 }
 
 TEST(ReducedPath, HoldsEachSampleWhereTheyAreFew) {
-    // Not more than two for each eighth of a pixel, though they lie side by side.
-    Line line = parked(2000);
-    std::vector<Point> expected;
-    for (int i = 0; i < 16; ++i) {
-        put(line, 20.0 + i / 160.0, i % 2 == 0 ? 10.0 : 90.0);
-        expected.push_back(line.at(line.x.size() - 1));
+    // Not more than two for each eighth of the 204 columns looked at, though they lie side by side.
+    for (const std::size_t count : {2000u, 3264u, 3265u}) {
+        Line line = parked(count - 17);
+        std::vector<Point> all;
+        for (int i = 0; i < 16; ++i) {
+            put(line, 20.0 + i / 160.0, i % 2 == 0 ? 10.0 : 90.0);
+            all.push_back(line.at(line.x.size() - 1));
+        }
+        put(line, 30.0, calm);
+        EXPECT_EQ(told(piecesOf(line.samples()), 20.0, 21.0),
+                  count <= 3264 ? told(all) : told({all[0], all[1], all[15]}))
+            << count;
     }
-    put(line, 30.0, calm);
-    EXPECT_EQ(told(piecesOf(line.samples()), 20.0, 21.0), told(expected));
 }
 
 TEST(ReducedPath, HoldsEachSampleOfAStripOfFour) {
@@ -540,6 +544,12 @@ TEST(ReducedPath, HoldsTheExtremesOfGroupsThatAreNarrow) {
     for (std::size_t i = 0; i < 64; ++i)
         slope.y[5120 + i] = 10.0 + static_cast<double>(i);
     EXPECT_EQ(told(piecesOf(slope.samples()), 20.0, 20.25), told({slope.at(5120), slope.at(5183)}));
+}
+
+TEST(ReducedPath, TakesGroupsWhereAColumnHoldsSixtyFourSamples) {
+    // Parts of eight samples, whatever eighth of a pixel these lie in.
+    const Line line(66, {{1921, 10.0}, {1926, 20.0}});
+    EXPECT_EQ(told(busyPointsOf(piecesOf(line.samples()))), told({line.at(1921)}));
 }
 
 TEST(ReducedPath, MakesEightToSixteenGroupsOfManySamplesInAColumn) {
