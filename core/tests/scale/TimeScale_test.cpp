@@ -303,6 +303,10 @@ TEST(TimeScale, AnAxisHasATickEvenWhereFewAreWanted) {
     }
 }
 
+TEST(TimeScale, ASingleTickBetweenEvenSecondsStandsOnTheSecond) {
+    EXPECT_EQ(valuesOf(Scale::time("UTC").ticks(0.5, 1.6, most(1))), (std::vector{1.0}));
+}
+
 TEST(TimeScale, LabelsHoldStillWhilePanning) {
     const Scale scale = Scale::time("Europe/Zurich");
     const double start = utc(2024, 10, 20);
