@@ -100,6 +100,23 @@ TEST(LinearTicks, EveryMultipleOfTheSmallestStepThatFitsHasATickAndAllItsPartsHa
     }
 }
 
+TEST(LinearTicks, RangesLongerThanAnyDoubleAreThinnedAsOthersAre) {
+    struct Case {
+        double min, max;
+        int maxMajor;
+        std::vector<double> ticks;
+    };
+    // More than six steps of 5e307 lie between the first ends, though only six of their ticks.
+    const Case cases[] = {
+        {-1.35e308, 1.75e308, 6, {-1e308, 0.0, 1e308}},
+        {-1.35e308, 1.75e308, 7, {-1e308, -5e307, 0.0, 5e307, 1e308, 1.5e308}},
+        {-1.35e308, 1.75e308, 3, {0.0}},
+        {-1.7e308, 1.7e308, 4, {-1e308, 0.0, 1e308}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(valuesOf(Scale().ticks(c.min, c.max, most(c.maxMajor))), c.ticks) << c.maxMajor;
+}
+
 TEST(LinearTicks, AStepOfTheHostHasATickAtEveryMultipleAndNoMinorOnes) {
     for (const CountedRange& range : countedRanges()) {
         for (const int maxMajor : {3, 11, 60}) {
