@@ -243,6 +243,9 @@ TEST(PlotLayout, LegendsStandInTheirCornerOrBesideTheCanvas) {
          "12,63 72x125 | Name 40,27 | Namex 40,43 | Namexx 40,59"},
         {"a name wider than a row", alone(many(LegendPosition::OutsideTop, 3)), 95, 200,
          "12,63 71x125 | Name 40,27 | Namex 40,43 | Name… 40,59"},
+        {"a last name without room", alone(many(LegendPosition::OutsideTop, 7)), 239, 200,
+         "12,63 215x125 | Name 40,27 | Namex 112.8,27 | Namexx 40,43 | Namexxx 127.2,43 | Name "
+         "40,59 | + 2 more 112.8,59"},
         {"rows of a name each", alone(many(LegendPosition::OutsideTop, 4)), 103, 200,
          "12,63 79x125 | Name 40,27 | Namex 40,43 | + 2 mo… 40,59"},
     });
