@@ -93,6 +93,7 @@ private Q_SLOTS:
         HostWindow host;
         QVERIFY(host.show());
         movePointer(host.buttonCenter());
+        QTRY_VERIFY(host.chrome.helpButton()->underMouse());
         QSignalSpy clicked(host.chrome.helpButton(), &QToolButton::clicked);
         for (int round = 0; round < 3; ++round) {
             click();
@@ -170,7 +171,10 @@ private Q_SLOTS:
         QSignalSpy dismissed(&host.strip, &ZembraNavigationWidget::coachDismissed);
         host.strip.showCoachMark();
         QVERIFY(QTest::qWaitForWindowActive(host.chrome.coach()));
+        QTRY_COMPARE(host.chrome.coach()->geometry(), host.chrome.expectedCoachRect());
         movePointer(host.chrome.gotIt()->mapToGlobal(host.chrome.gotIt()->rect().center()));
+        // The window system may still be about to move the coach mark there.
+        QTRY_VERIFY(host.chrome.gotIt()->underMouse());
         click();
         QTRY_COMPARE(dismissed.count(), 1);
         QCOMPARE(dismissed.at(0).at(0).toBool(), true);
