@@ -8,6 +8,7 @@
 #include "KindCharts.h"
 
 #include <filesystem>
+#include <new>
 #include <utility>
 
 namespace viewer {
@@ -32,7 +33,7 @@ void requireNoColumns(const std::string& path, const Options& options) {
 
 } // namespace
 
-Chart loadChart(const Source& source, const Options& options, const ReadProgress& progress) {
+Chart loadChart(const Source& source, const Options& options, const ReadProgress& progress) try {
     const std::string& path = source.name;
     Chart chart;
     chart.name = path == "-" ? "standard input" : std::filesystem::path(path).stem().string();
@@ -55,6 +56,8 @@ Chart loadChart(const Source& source, const Options& options, const ReadProgress
     chart.choice = choiceOf(*table, plan, options);
     chart.notes = std::move(plan.notes);
     return chart;
+} catch (const std::bad_alloc&) {
+    throw Failure(source.name + ": there is not enough memory", Failure::Kind::NoMemory);
 }
 
 } // namespace viewer

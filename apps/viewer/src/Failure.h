@@ -14,6 +14,8 @@ public:
         BadInput,
         /// A picture that could not be written: exit code 1.
         CannotWrite,
+        /// A file that the memory does not hold: exit code 1.
+        NoMemory,
     };
 
     explicit Failure(const std::string& text, Kind kind = Kind::BadInput)

@@ -7,7 +7,6 @@
 
 #include <chrono>
 #include <exception>
-#include <new>
 #include <utility>
 
 namespace viewer {
@@ -64,8 +63,6 @@ void LoadJob::run(const std::stop_token& stop) {
         tell([this] { Q_EMIT cancelled(); });
     } catch (const Failure& failure) {
         fail(failure.what());
-    } catch (const std::bad_alloc&) {
-        fail(from.name + ": there is not enough memory");
     } catch (const std::exception& error) {
         fail(from.name + ": " + error.what());
     }

@@ -10,6 +10,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace viewer {
 namespace {
 
@@ -227,6 +229,25 @@ TEST_F(ZembraView, WhereThereIsNoRoomForAPictureTheOldOneStays) {
     }
     EXPECT_EQ(workspace.files(), QStringList({"a.pdf", "a.png", "a.svg", "data.csv"}));
 }
+
+// Sanitizers take more room for themselves than any limit would leave.
+#ifndef VIEWER_UNDER_SANITIZER
+TEST_F(ZembraView, AFileThatTheMemoryDoesNotHoldSaysSoAndExitsWithOne) {
+    std::string text = "x,y\n";
+    while (text.size() < 10'000'000)
+        text += "1.5,2.5\n";
+    workspace.write("large.csv", text);
+    // Takes no room: the rest of it is a hole.
+    std::filesystem::resize_file(workspace.path("large.csv"), 4'000'000'000);
+    const Outcome outcome =
+        start(QStringLiteral("/bin/sh"),
+              {QStringLiteral("-c"), QStringLiteral("ulimit -v 3000000; exec '" ZEMBRA_VIEW_PROGRAM
+                                                    "' large.csv --export a.png")});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.err, "zembra-view: large.csv: there is not enough memory\n");
+    EXPECT_EQ(workspace.files(), QStringList({"large.csv"}));
+}
+#endif
 #endif
 
 TEST_F(ZembraView, NothingFiniteToShowIsStillAPicture) {
