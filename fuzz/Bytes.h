@@ -108,7 +108,7 @@ private:
 };
 
 /// Sees that nothing takes longer than a frame may. Processor time, so that a busy machine finds no
-/// fault; sanitizers are allowed ten or fifty times as much.
+/// fault; sanitizers are allowed as much more as they take, some 25 and 50 times.
 class Stopwatch {
 public:
     ~Stopwatch() {
@@ -116,10 +116,10 @@ public:
             ranOver() = true;
     }
 
-    /// Says that a picture of so many pixels is drawn: one larger than the screens of today may take
-    /// longer in proportion, since filling it does.
+    /// Says that a picture of so many pixels is drawn: one larger than a usual screen of
+    /// today may take longer in proportion, since filling it does.
     void drawing(double pixels) {
-        constexpr double screen = 5120.0 * 2880;
+        constexpr double screen = 3840.0 * 2160;
         allowed = limit * std::max(1.0, pixels / screen);
     }
 
@@ -141,9 +141,9 @@ private:
 #ifndef FUZZ_UNDER_SANITIZER
     static constexpr double limit = 0.1;
 #elif defined(__has_feature)
-    static constexpr double limit = __has_feature(memory_sanitizer) ? 5.0 : 1.0;
+    static constexpr double limit = __has_feature(memory_sanitizer) ? 5.0 : 2.5;
 #else
-    static constexpr double limit = 1.0;
+    static constexpr double limit = 2.5;
 #endif
     static bool& ranOver() {
         static bool flag = false;
