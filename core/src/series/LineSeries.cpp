@@ -6,6 +6,7 @@
 #include "NearestPoint.h"
 #include "SideView.h"
 #include "SortedReduction.h"
+#include "Stroke.h"
 
 #include "data/SampleStore.h"
 
@@ -155,6 +156,8 @@ PenStyle LineSeries::style() const {
 }
 
 void LineSeries::setDashPattern(std::vector<double> pattern) {
+    if (!isDashPattern(pattern))
+        return;
     d->dashes = std::move(pattern);
     changed();
 }

@@ -69,6 +69,10 @@ void forEachPart(std::span<const Point> piece, double width, Use use) {
     use(first, piece.size() - 1, Joint::Whole);
 }
 
+double boundedWidth(const Pen& pen) {
+    return pen.widthF() > 0.0 ? std::min(pen.widthF(), widest) : 0.0;
+}
+
 bool isDashed(const Pen& pen) {
     return (pen.style() >= PenStyle::Dash && pen.style() <= PenStyle::DashDotDot) ||
            !pen.dashPattern().empty();
@@ -311,13 +315,25 @@ void drawDense(Painter& painter, const Rect& area, ClippedPath& stroke, const Pe
 
 } // namespace
 
+bool isDashPattern(const std::vector<double>& lengths) {
+    const auto isLength = [](double length) { return std::isfinite(length) && length >= 0.0; };
+    return std::all_of(lengths.begin(), lengths.end(), isLength) &&
+           (lengths.empty() || *std::max_element(lengths.begin(), lengths.end()) > 0.0);
+}
+
 void usePen(Painter& painter, const Pen& pen) {
-    if (!(pen.widthF() > widest)) {
+    const double width = boundedWidth(pen);
+    const bool drawable = isDashPattern(pen.dashPattern());
+    if (drawable && pen.widthF() == width) {
         painter.setPen(pen);
         return;
     }
     Pen bounded = pen;
-    bounded.setWidthF(widest);
+    bounded.setWidthF(width);
+    if (!drawable) {
+        bounded.setDashPattern({});
+        bounded.setStyle(PenStyle::Solid);
+    }
     painter.setPen(bounded);
 }
 
@@ -327,7 +343,8 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
     if (hidden || area.isEmpty())
         return;
     // A pen of no width is drawn as the thinnest line there is.
-    const double width = pen.widthF() > 0.0 ? std::min(pen.widthF(), widest) : 1.0;
+    const double bounded = boundedWidth(pen);
+    const double width = bounded > 0.0 ? bounded : 1.0;
     const Rect limits =
         intersected(area.grown(width), {-farthest, -farthest, 2.0 * farthest, 2.0 * farthest});
     thread_local ClippedPath stroke;

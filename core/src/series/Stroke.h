@@ -5,10 +5,16 @@
 #include <zembra/series/Canvas.h>
 
 #include <span>
+#include <vector>
 
 namespace zembra {
 
-/// Sets the painter's pen, bounded to a width that every painter can take.
+/// Whether dashes can be drawn: no length is negative or not finite, and not all of them are 0.
+/// Painters may never return from others.
+bool isDashPattern(const std::vector<double>& lengths);
+
+/// Sets the painter's pen, bounded to a width that every painter can take, and without dashes that
+/// cannot be drawn.
 void usePen(Painter& painter, const Pen& pen);
 
 /// Draws the stroke of a path with a pen, at a cost bounded by the pixels of `area` and the number

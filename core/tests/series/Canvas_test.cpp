@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <memory>
@@ -272,13 +273,17 @@ TEST(Canvas, ADashedPathOfManyPointsIsOnePictureOfItsOwnSize) {
     EXPECT_EQ(bench.text(), "drawImage 103x104 149.5,100\n");
 }
 
-TEST(Canvas, PensOfAnyWidthReachThePainterAsOneItCanDraw) {
+TEST(Canvas, PensOfAnyNumbersReachThePainterAsOnesItCanDraw) {
     const Rect wide{10.0, 10.0, 300.0, 200.0};
     std::vector<Point> dense;
     for (int i = 0; i < 30000; ++i)
         dense.push_back({10.0 + 0.01 * i, i % 2 ? 20.0 : 200.0});
-    for (const double width : {1e5, 1e9, 1e300, std::numeric_limits<double>::infinity()}) {
-        for (const auto& dashes : {std::vector<double>{}, std::vector<double>{3.0, 2.0}}) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    const std::vector<std::vector<double>> patterns{
+        {}, {3.0, 2.0}, {nan, 1.0}, {1.0, infinity}, {-3.0, 1.0}, {0.0, 0.0}};
+    for (const double width : {2.0, 1e5, 1e9, 1e300, infinity, nan, -1.0}) {
+        for (const auto& dashes : patterns) {
             for (const int alpha : {255, 100}) {
                 StrictPainter painter;
                 FrameBuffers buffers;
@@ -294,4 +299,15 @@ TEST(Canvas, PensOfAnyWidthReachThePainterAsOneItCanDraw) {
             }
         }
     }
+}
+
+TEST(Canvas, DashesThatCannotBeDrawnAreALine) {
+    Bench bench;
+    Pen pen(ink, 2.0);
+    pen.setStyle(PenStyle::None);
+    pen.setDashPattern({3.0, HUGE_VAL});
+    bench.canvas.drawRect({11.0, 11.0, 2.0, 2.0}, pen);
+    Bench solid;
+    solid.canvas.drawRect({11.0, 11.0, 2.0, 2.0}, Pen(ink, 2.0));
+    EXPECT_EQ(bench.text(), solid.text());
 }

@@ -511,16 +511,32 @@ TEST(LineSeries, DrawsTheDashesOfEveryStyleWhereTheyBecomeAPicture) {
         EXPECT_EQ(series.style(), c.style);
         EXPECT_NEAR(inked() / solid, c.share, 0.05) << static_cast<int>(c.style);
     }
-    // A dash without a gap of its own, and lengths that are none.
+    // A dash without a gap of its own.
     series.setDashPattern({5.0});
     EXPECT_NEAR(inked() / solid, 1.0, 0.01);
-    series.setDashPattern({6.0, HUGE_VAL});
-    EXPECT_NEAR(inked() / solid, 1.0, 0.05);
     series.setStyle(PenStyle::None);
     series.setDashPattern({});
     RecordingPainter painter;
     draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
     EXPECT_EQ(painter.text(), "");
+}
+
+TEST(LineSeries, DashesThatCannotBeDrawnAreIgnored) {
+    LineSeries series(evenly({1.0, 2.0}));
+    const std::vector<double> before{4.0, 2.0};
+    series.setDashPattern(before);
+    const auto revision = series.revision();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (const auto& pattern : std::vector<std::vector<double>>{
+             {nan, 1.0}, {6.0, HUGE_VAL}, {-3.0, 1.0}, {3.0, -1e-300}, {0.0}, {0.0, 0.0}}) {
+        series.setDashPattern(pattern);
+        EXPECT_EQ(series.dashPattern(), before);
+        EXPECT_EQ(series.revision(), revision);
+    }
+    series.setDashPattern({0.0, 3.0});
+    EXPECT_EQ(series.dashPattern(), (std::vector<double>{0.0, 3.0}));
+    series.setDashPattern({});
+    EXPECT_TRUE(series.dashPattern().empty());
 }
 
 TEST(LineSeries, ItsRevisionOnlyGrows) {

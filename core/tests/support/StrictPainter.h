@@ -25,10 +25,13 @@ public:
     void restore() override { close('s'); }
     void setPen(const Pen& pen) override {
         size(pen.widthF());
-        if (pen.widthF() > 32000.0)
-            note("a pen wider than twice the farthest coordinate");
-        for (const double dash : pen.dashPattern())
+        if (!(pen.widthF() >= 0.0 && pen.widthF() <= 32000.0))
+            note("a pen of negative width, or wider than twice the farthest coordinate");
+        for (const double dash : pen.dashPattern()) {
             size(dash);
+            if (dash < 0.0)
+                note("a dash of negative length");
+        }
     }
     void setBrush(const Brush&) override {}
     void setFont(const Font& font) override { size(font.pixelSize()); }

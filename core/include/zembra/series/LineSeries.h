@@ -60,7 +60,8 @@ public:
     /// Solid at first. Where samples are too dense for dashes to show, the line is solid.
     void setStyle(PenStyle style);
     PenStyle style() const;
-    /// Alternating dash and gap lengths in line widths, before `style` when not empty.
+    /// Alternating dash and gap lengths in line widths, before `style` when not empty. Ignored
+    /// where a length is negative or not finite, or all of them are 0.
     void setDashPattern(std::vector<double> pattern);
     const std::vector<double>& dashPattern() const;
     void setSteps(LineSteps steps);
