@@ -96,7 +96,7 @@ AxisLayout layoutAxis(const AxisRequest& axis, const ScaleMap& map, bool horizon
     request.step = axis.step;
     request.format = axis.format;
     request.maxMajor = mostTicks(length, font.pixelSize(), horizontal, map.scale().isCategorical());
-    if (isSameSpan(memory.span, evenSpan(map)))
+    if (memory.maxMajor > 0 && isSameSpan(memory.span, evenSpan(map)))
         request.maxMajor = memory.maxMajor;
     const auto ask = [&](int maxMajor) {
         request.maxMajor = maxMajor;

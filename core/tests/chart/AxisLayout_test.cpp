@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -204,6 +205,14 @@ TEST(AxisLayout, TicksOnceThinnedStayThinWhileTheSpanStaysToAMillionth) {
         EXPECT_EQ(lone.count(row.min, row.max, 592) < other.count(row.min, row.max, 592),
                   row.staysThin)
             << row.max;
+    }
+}
+
+TEST(AxisLayout, ARangeThatIsNoWayOnTheEvenMeasureHasLabels) {
+    LoneAxis numbers(horizontal, Scale::log());
+    for (const double min : {1e10, 3.7e200, 1.0, 12345.0}) {
+        const double max = std::nextafter(min, HUGE_VAL);
+        EXPECT_GE(numbers.count(min, max, 400), 1u) << min;
     }
 }
 

@@ -133,3 +133,11 @@ TEST(SymLogScale, RangesNearZeroHaveLinearTicksThatKeepApartAtTheFarEnd) {
         EXPECT_EQ(labelLine(Scale::symLog().ticks(c.min, c.max, most(c.maxMajor))), c.labels)
             << c.min << " to " << c.max << ": " << c.maxMajor;
 }
+
+TEST(SymLogScale, TicksAmongTheLeastNumbersKeepEveryPromise) {
+    for (const double width : {5e-324, 1e-323, 3e-323, 1e-320}) {
+        const Scale scale = Scale::symLog(width);
+        for (const double top : {20.0, 400.0, 1e4})
+            EXPECT_EQ(tickFault(scale, -width, top * width, most(9)), "") << width << ", " << top;
+    }
+}
