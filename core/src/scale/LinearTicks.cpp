@@ -120,13 +120,14 @@ Decimal niceStep(double min, double max, int maxMajor) {
 }
 
 TickSet linearTicksThinned(double min, double max, double crowding, const TickRequest& request) {
+    const int most = std::min(request.maxMajor, majorCap);
     TickRequest fewer = request;
+    fewer.maxMajor = most;
     if (crowding > 1.0 && crowding < majorCap)
-        fewer.maxMajor = std::max(2, static_cast<int>(request.maxMajor / crowding));
-    fewer.maxMajor = std::min(fewer.maxMajor, request.maxMajor);
+        fewer.maxMajor = std::min(std::max(2, static_cast<int>(most / crowding)), most);
     TickSet set = linearTicks(min, max, fewer);
     // A single tick does not tell a scale.
-    while (set.major.size() < 2 && fewer.maxMajor < request.maxMajor) {
+    while (set.major.size() < 2 && fewer.maxMajor < most) {
         ++fewer.maxMajor;
         set = linearTicks(min, max, fewer);
     }

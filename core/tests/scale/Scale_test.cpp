@@ -78,7 +78,10 @@ TEST(Scale, NoPairOfNumbersBreaksAnyTickEngine) {
     const std::vector<double> numbers = hostileNumbers();
     for (const NamedScale& named : everyScale()) {
         for (const double first : numbers) {
-            for (const double second : numbers) {
+            // Between neighbours there is room for a tick or two, however many are asked for.
+            std::vector<double> others = numbers;
+            others.push_back(std::nextafter(first, HUGE_VAL));
+            for (const double second : others) {
                 for (const int count : {-5, 0, 1, 2, 8, 1 << 30}) {
                     TickRequest request;
                     request.maxMajor = count;
