@@ -124,6 +124,7 @@ void Canvas::fillDiscs(const std::function<bool(std::vector<Point>&)>& next, dou
     constexpr double largest = 64.0;
     if (!(radius > 0.0))
         return;
+    radius = std::min(radius, 0.5 * largestMarker);
     // Kept from frame to frame for their memory.
     thread_local std::vector<Point> chunk;
     thread_local std::vector<Point> waiting;

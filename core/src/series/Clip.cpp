@@ -42,6 +42,11 @@ void clipAgainst(std::vector<Point>& points, std::vector<Point>& scratch, Inside
     points.swap(scratch);
 }
 
+// Rounding may leave a cut end a hair outside, and one that is astronomically far anywhere.
+Point held(const Point& p, const Rect& area) {
+    return {std::clamp(p.x, area.left(), area.right()), std::clamp(p.y, area.top(), area.bottom())};
+}
+
 } // namespace
 
 std::optional<std::pair<Point, Point>> clipSegment(const Point& from, const Point& to,
@@ -55,13 +60,8 @@ std::optional<std::pair<Point, Point>> clipSegment(const Point& from, const Poin
         !narrow(-dy, from.y - area.top(), enter, leave) ||
         !narrow(dy, area.bottom() - from.y, enter, leave))
         return std::nullopt;
-    // Rounding may leave a cut end a hair outside, and an end that is astronomically far uncut.
-    const auto held = [&area](Point p) {
-        return Point{std::clamp(p.x, area.left(), area.right()),
-                     std::clamp(p.y, area.top(), area.bottom())};
-    };
-    return std::pair{enter > 0.0 ? held(between(from, to, enter)) : held(from),
-                     leave < 1.0 ? held(between(from, to, leave)) : held(to)};
+    return std::pair{held(enter > 0.0 ? between(from, to, enter) : from, area),
+                     held(leave < 1.0 ? between(from, to, leave) : to, area)};
 }
 
 std::vector<Point> clipPolygon(const std::vector<Point>& points, const Rect& area) {
@@ -75,6 +75,8 @@ std::vector<Point> clipPolygon(const std::vector<Point>& points, const Rect& are
     clipAgainst(result, scratch, [&](const Point& p) { return area.bottom() - p.y; });
     if (result.size() < 3)
         result.clear();
+    for (Point& p : result)
+        p = held(p, area);
     return result;
 }
 

@@ -10,6 +10,9 @@
 
 namespace zembra {
 
+/// Raster engines lose precision or break beyond this many pixels: nothing farther is drawn.
+inline constexpr double farthest = 16000.0;
+
 /// Whether both coordinates are numbers and finite.
 inline bool isFinite(const Point& p) {
     return std::isfinite(p.x) && std::isfinite(p.y);

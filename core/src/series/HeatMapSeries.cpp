@@ -3,6 +3,7 @@
 
 #include "CellPainter.h"
 #include "CellProbes.h"
+#include "Clip.h"
 #include "GridCells.h"
 
 #include <zembra/series/Canvas.h>
@@ -21,9 +22,8 @@ namespace {
 
 // The whole pixels between two positions. Canvases are never wider than painters can bear.
 PixelRun wholePixels(double low, double high) {
-    constexpr double most = 16000.0;
-    const int first = static_cast<int>(std::ceil(std::clamp(low, -most, most)));
-    const int last = static_cast<int>(std::floor(std::clamp(high, -most, most)));
+    const int first = static_cast<int>(std::ceil(std::clamp(low, -farthest, farthest)));
+    const int last = static_cast<int>(std::floor(std::clamp(high, -farthest, farthest)));
     return {first, std::max(last - first, 0)};
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SortedReduction.h"
 
+#include "Clip.h"
 #include "PixelMap.h"
 
 #include "data/SampleStore.h"
@@ -278,6 +279,8 @@ void reduceSorted(const Samples& samples, const ScaleMap& x, const ScaleMap& y, 
                   double right, std::vector<Point>& path) {
     path.clear();
     const Samples::Store& store = samples.store();
+    left = std::max(left, -farthest);
+    right = std::min(right, farthest);
     if (store.count == 0 || !(left < right) || !std::isfinite(x.invTransform(left)) ||
         !std::isfinite(x.invTransform(right)))
         return;

@@ -301,6 +301,20 @@ TEST(Canvas, PensOfAnyNumbersReachThePainterAsOnesItCanDraw) {
     }
 }
 
+TEST(Canvas, PolygonsWithCornersOfAnyDistanceStayInside) {
+    const Rect wide{10.0, 10.0, 300.0, 200.0};
+    for (const double far : {1e5, 1e17, 1e300}) {
+        StrictPainter painter;
+        FrameBuffers buffers;
+        const ScaleMap map(Scale::linear(), 10.0, 300.0, 0.0, 1.0);
+        Canvas canvas(painter, wide, map, map, {}, buffers);
+        canvas.fillPolygon({{-far, 0.3 * far}, {0.7 * far, far}, {0.1 * far, -far}}, ink);
+        canvas.fillEllipse({160.0, 110.0}, far, 0.3 * far, ink);
+        canvas.drawEllipse({160.0, 110.0}, far, 0.3 * far, Pen(ink, 2.0));
+        EXPECT_EQ(painter.fault(), "") << far;
+    }
+}
+
 TEST(Canvas, DashesThatCannotBeDrawnAreALine) {
     Bench bench;
     Pen pen(ink, 2.0);

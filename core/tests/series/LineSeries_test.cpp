@@ -521,6 +521,20 @@ TEST(LineSeries, DrawsTheDashesOfEveryStyleWhereTheyBecomeAPicture) {
     EXPECT_EQ(painter.text(), "");
 }
 
+TEST(LineSeries, APenWiderThanTheCanvasIsLargeFillsItAtOnce) {
+    std::vector<double> values(100000);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = std::sin(17.0 * static_cast<double>(i));
+    LineSeries series(evenly(values));
+    for (const double width : {300.0, 2000.0, 1e300}) {
+        series.setWidth(width);
+        PicturePainter painter;
+        draw(series, painter, xOver(0.0, 1.0), yOver(-1.0, 1.0));
+        EXPECT_EQ(painter.count("drawImage"), width < 1000.0 ? 1u : 0u) << width;
+        EXPECT_EQ(painter.count("fillRect"), width < 1000.0 ? 0u : 1u) << width;
+    }
+}
+
 TEST(LineSeries, DashesThatCannotBeDrawnAreIgnored) {
     LineSeries series(evenly({1.0, 2.0}));
     const std::vector<double> before{4.0, 2.0};
