@@ -204,16 +204,17 @@ void BoxPlotSeries::draw(Canvas& canvas) const {
 }
 
 void BoxPlotSeries::drawLegendKey(Canvas& canvas, const Rect& area) const {
-    const Pen pen(canvas.look().color, d->style.lineWidth);
-    const Rect body = Rect{area.x + 0.15 * area.width, area.y, 0.7 * area.width, area.height}.grown(
-        -0.5 * d->style.lineWidth);
+    const double line = std::min(d->style.lineWidth, 0.5 * area.height);
+    const Pen pen(canvas.look().color, line);
+    const Rect body =
+        Rect{area.x + 0.15 * area.width, area.y, 0.7 * area.width, area.height}.grown(-0.5 * line);
     const double middle = area.y + 0.5 * area.height;
     canvas.drawLine({area.left(), middle}, {area.right(), middle}, pen);
     canvas.fillRect(body, mix(canvas.look().background, canvas.look().color, boxOpacity));
     canvas.drawRect(body, pen);
     const double centre = area.x + 0.5 * area.width;
     canvas.drawLine({centre, body.top()}, {centre, body.bottom()},
-                    Pen(canvas.look().color, d->style.lineWidth + 1.25));
+                    Pen(canvas.look().color, line + 1.25));
 }
 
 std::optional<NearestSample> BoxPlotSeries::findNearest(const Point& pixel, const ScaleMap& x,

@@ -65,7 +65,7 @@ void Canvas::drawPolyline(const std::vector<Point>& points, const Pen& pen) {
 }
 
 void Canvas::drawRect(const Rect& rect, const Pen& pen) {
-    if (!isFinite(rect))
+    if (!isFinite(rect) || rect.width < 0.0 || rect.height < 0.0)
         return;
     if (contains(area, rect)) {
         usePen(painter, pen);

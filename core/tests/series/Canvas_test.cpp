@@ -315,6 +315,13 @@ TEST(Canvas, PolygonsWithCornersOfAnyDistanceStayInside) {
     }
 }
 
+TEST(Canvas, RectanglesOfNegativeSizeAreNotDrawn) {
+    Bench bench;
+    for (const Rect& rect : {Rect{13.0, 11.0, -1.0, 2.0}, {1e300, 1e300, -2e300, -2e300}})
+        bench.canvas.drawRect(rect, Pen(ink, 2.0));
+    EXPECT_EQ(bench.text(), "");
+}
+
 TEST(Canvas, DashesThatCannotBeDrawnAreALine) {
     Bench bench;
     Pen pen(ink, 2.0);

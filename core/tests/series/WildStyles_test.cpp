@@ -96,7 +96,9 @@ TEST(WildStyles, SizesOfAnyLengthAreDrawnInNumbersThatPaintersTake) {
         std::size_t kind = 0;
         for (const auto& series : everySized(wave, size)) {
             Plot plot;
+            series->setName("all that");
             plot.addSeries(series);
+            plot.legend().setVisible(true);
             StrictPainter painter;
             plot.renderInto(painter, 400, 300);
             EXPECT_EQ(painter.fault(), "") << kind << " of size " << size;
