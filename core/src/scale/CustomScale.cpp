@@ -63,7 +63,16 @@ Interval CustomScale::rangeAround(double value) const {
 }
 
 TickSet CustomScale::ticks(double min, double max, const TickRequest& request) const {
-    return linearTicks(min, max, request);
+    TickSet ticks = linearTicks(min, max, request);
+    // A function that is not monotone, or not everywhere a number, may place values far off the
+    // axis.
+    Interval axis;
+    axis.include(transform(min));
+    axis.include(transform(max));
+    const auto isOffAxis = [&](double value) { return !axis.contains(transform(value)); };
+    std::erase_if(ticks.major, [&](const Tick& tick) { return isOffAxis(tick.value); });
+    std::erase_if(ticks.minor, isOffAxis);
+    return ticks;
 }
 
 } // namespace zembra

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 using namespace zembra;
 using namespace zembra::test;
@@ -80,6 +81,25 @@ TEST(CustomScale, FunctionsThatFailPlaceNothing) {
         const Interval range = scale.autoRange({2.0, 3.0}, 0.1);
         EXPECT_TRUE(range.min < range.max && std::isfinite(range.min) && std::isfinite(range.max));
     }
+}
+
+TEST(CustomScale, TicksThatTheTransformPlacesOffTheAxisAreLeftOut) {
+    const auto wave = [](double v) { return std::sin(v); };
+    const Scale scale = Scale::custom(wave, wave);
+    const Interval pixels{0.0, 600.0};
+    // Between 2 and 4 a sine only falls.
+    for (const auto& [min, max] : {std::pair{0.0, 40.0}, std::pair{2.0, 4.0}}) {
+        const ScaleMap map(scale, 0.0, 600.0, min, max);
+        const TickSet ticks = scale.ticks(min, max, {});
+        EXPECT_FALSE(ticks.major.empty());
+        for (const Tick& tick : ticks.major)
+            EXPECT_TRUE(pixels.contains(map.transform(tick.value))) << tick.value;
+        for (const double value : ticks.minor)
+            EXPECT_TRUE(pixels.contains(map.transform(value))) << value;
+    }
+    const Scale even = Scale::linear();
+    EXPECT_LT(scale.ticks(0.0, 40.0, {}).major.size(), even.ticks(0.0, 40.0, {}).major.size());
+    EXPECT_EQ(scale.ticks(2.0, 4.0, {}).major.size(), even.ticks(2.0, 4.0, {}).major.size());
 }
 
 TEST(CustomScale, ASingleValueGetsHalfOfItselfOnEitherSide) {
