@@ -9,7 +9,10 @@
 #include <QtGui/QPolygonF>
 #include <QtTest/QTest>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstring>
 #include <numbers>
 #include <random>
 
@@ -103,14 +106,14 @@ public:
             const QPointF along(n.y(), -n.x());
             if (i > 1) {
                 const QPointF m = normal(points[i - 2], from);
-                fill({from, from + m, from + n});
-                fill({from, from - m, from - n});
+                fill(std::array{from, from + m, from + n});
+                fill(std::array{from, from - m, from - n});
             } else {
                 from -= along;
             }
             if (i + 1 == points.size())
                 to += along;
-            fill({from + n, to + n, to - n, from - n});
+            fill(std::array{from + n, to + n, to - n, from - n});
         }
     }
 
@@ -134,38 +137,50 @@ private:
         return length > 0.0 ? QPointF(-way.y(), way.x()) * (half / length) : QPointF();
     }
 
-    void fill(const std::vector<QPointF>& polygon) {
-        double top = 1e9, bottom = -1e9;
-        for (const QPointF& p : polygon) {
-            top = std::min(top, p.y());
-            bottom = std::max(bottom, p.y());
-        }
-        const int first = std::max(0, static_cast<int>(std::ceil(top * down - 0.5)));
-        const int last =
-            std::min(imageHeight * down - 1, static_cast<int>(std::floor(bottom * down - 0.5)));
-        for (int row = first; row <= last; ++row) {
-            const double y = (row + 0.5) / down;
-            double left = 1e9, right = -1e9;
-            for (std::size_t i = 0; i < polygon.size(); ++i) {
-                const QPointF& a = polygon[i];
-                const QPointF& b = polygon[(i + 1) % polygon.size()];
-                if ((a.y() <= y) == (b.y() <= y))
-                    continue;
-                const double x = a.x() + (y - a.y()) / (b.y() - a.y()) * (b.x() - a.x());
-                left = std::min(left, x);
-                right = std::max(right, x);
+    // Convex polygons only: a row of points lies inside from one edge to another.
+    template <std::size_t n>
+    void fill(const std::array<QPointF, n>& polygon) {
+        const auto [highest, lowest] =
+            std::minmax_element(polygon.begin(), polygon.end(),
+                                [](const QPointF& a, const QPointF& b) { return a.y() < b.y(); });
+        const int first = rowAfter(highest->y());
+        const int last = rowAfter(lowest->y());
+        std::fill(lefts.begin() + first, lefts.begin() + last, 1e9);
+        std::fill(rights.begin() + first, rights.begin() + last, -1e9);
+        for (std::size_t i = 0; i < n; ++i) {
+            const auto [a, b] = std::minmax(
+                polygon[i], polygon[(i + 1) % n],
+                [](const QPointF& one, const QPointF& other) { return one.y() < other.y(); });
+            const double slope = (b.x() - a.x()) / (b.y() - a.y());
+            const int end = rowAfter(b.y());
+            for (int row = rowAfter(a.y()); row < end; ++row) {
+                const double x = a.x() + ((row + 0.5) / down - a.y()) * slope;
+                const auto r = static_cast<std::size_t>(row);
+                lefts[r] = std::min(lefts[r], x);
+                rights[r] = std::max(rights[r], x);
             }
-            const int begin = std::max(0, static_cast<int>(std::ceil(left * across - 0.5)));
-            const int end = std::min(imageWidth * across - 1,
-                                     static_cast<int>(std::floor(right * across - 0.5)));
-            for (int column = begin; column <= end; ++column)
-                inked[index(column, row)] = 1;
         }
+        for (int row = first; row < last; ++row) {
+            const auto r = static_cast<std::size_t>(row);
+            const int begin = std::max(0, static_cast<int>(std::ceil(lefts[r] * across - 0.5)));
+            const int end = std::min(imageWidth * across,
+                                     static_cast<int>(std::floor(rights[r] * across - 0.5)) + 1);
+            if (begin < end)
+                std::memset(&inked[index(begin, row)], 1, static_cast<std::size_t>(end - begin));
+        }
+    }
+
+    // The first row of points below y.
+    static int rowAfter(double y) {
+        return std::clamp(static_cast<int>(std::floor(y * down - 0.5)) + 1, 0, imageHeight * down);
     }
 
     double half;
     std::vector<char> inked =
         std::vector<char>(static_cast<std::size_t>(imageWidth * imageHeight * across * down));
+    // Where the polygon that is being filled begins and ends in each row of points.
+    std::array<double, imageHeight * down> lefts{};
+    std::array<double, imageHeight * down> rights{};
 };
 
 // The stroke of all samples as the painter itself draws it.
