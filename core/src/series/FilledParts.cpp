@@ -108,8 +108,8 @@ bool FilledParts::hides(const Rect& part) const {
 }
 
 // Many times what a look costs, most of which goes into open columns.
-int FilledParts::leastPatience() const {
-    return 24 * openColumns + columns * bands / 4;
+std::int64_t FilledParts::leastPatience() const {
+    return std::int64_t{24} * openColumns + std::int64_t{columns} * bands / 4;
 }
 
 void FilledParts::lookAtAll(PointMask& mask) {

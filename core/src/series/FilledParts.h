@@ -27,7 +27,7 @@ public:
     /// of the picture it goes on far beyond, because nothing is seen there.
     const Rect& core() const { return largest; }
     bool isAll() const { return openColumns == 0; }
-    /// Tells that the path went by some rows of points.
+    /// Tells that the path went by some rows of points, or what cost as much.
     void passBy(int pointRows) { work += pointRows; }
     /// Looks at the mask if that may pay, and fills the last gaps of columns that are all but full.
     void look(PointMask& mask) {
@@ -54,7 +54,7 @@ private:
         return full.data() + static_cast<std::size_t>(band) * bitsAcross;
     }
     int nextColumn(int band, int from, bool isFull) const;
-    int leastPatience() const;
+    std::int64_t leastPatience() const;
     void lookAtAll(PointMask& mask);
     int closeColumns(PointMask& mask, int band);
     Run longestRun(int band) const;
@@ -72,8 +72,8 @@ private:
     Rect largest;
     int openColumns = 0;
     // Rows of points that the path came by since the last look.
-    int work = 0;
-    int patience = 0;
+    std::int64_t work = 0;
+    std::int64_t patience = 0;
 };
 
 } // namespace zembra

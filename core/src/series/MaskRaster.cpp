@@ -2,7 +2,6 @@
 #include "MaskRaster.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -24,6 +23,13 @@ constexpr double unreached = 1e9;
 
 double distance(const Point& a, const Point& b) {
     return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
+}
+
+// What a row of points costs that is so wide, in narrow ones: each further word lies elsewhere in
+// memory.
+int rowCost(double width, int columns) {
+    const double pixels = std::min(width, static_cast<double>(columns));
+    return 1 + static_cast<int>(pixels / PointMask::tileSide);
 }
 
 // The pixels that show that many points.
@@ -158,7 +164,8 @@ void MaskRaster::addBands(const SegmentStroke& segment, int from, int to) {
 }
 
 void MaskRaster::addRows(const SegmentStroke& segment, int begin, int end) {
-    filled.passBy(end - begin);
+    const double width = std::min(2.0 * segment.width, segment.east - segment.west);
+    filled.passBy((end - begin) * rowCost(width, mask.columns()));
     const auto addRow = [&](int row) {
         const double middle = segment.middleAt(row);
         const Range ends = segment.endsAt(row);
@@ -178,10 +185,22 @@ void MaskRaster::addRows(const SegmentStroke& segment, int begin, int end) {
 }
 
 void MaskRaster::addTriangle(const Point& a, const Point& b, const Point& c) {
-    const std::array<Point, 3> corners{a, b, c};
+    const Triangle corners{a, b, c};
+    const Range across = ordered(std::min({a.x, b.x, c.x}), std::max({a.x, b.x, c.x}));
     const int first = std::max(0, PointMask::rowFrom(std::min({a.y, b.y, c.y})));
     const int end = std::min(mask.pointRows(), PointMask::rowFrom(std::max({a.y, b.y, c.y})));
-    for (int row = first; row < end; ++row) {
+    for (int row = first; row < end;) {
+        const int stop = std::min(end, row / bandRows * bandRows + bandRows);
+        if (!filled.hides(row / bandRows, across.low, across.high)) {
+            filled.passBy((stop - row) * rowCost(across.high - across.low, mask.columns()));
+            addRows(corners, row, stop);
+        }
+        row = stop;
+    }
+}
+
+void MaskRaster::addRows(const Triangle& corners, int begin, int end) {
+    for (int row = begin; row < end; ++row) {
         const double y = PointMask::middleOf(row);
         double from = std::numeric_limits<double>::infinity();
         double to = -from;

@@ -9,6 +9,7 @@
 
 #include <zembra/paint/Geometry.h>
 
+#include <array>
 #include <span>
 
 namespace zembra {
@@ -43,7 +44,9 @@ private:
     void addBands(const SegmentStroke& segment, int from, int to);
     void addRows(const SegmentStroke& segment, int from, int to);
     void addJoin(const Point& a, const Point& b, const Point& c);
+    using Triangle = std::array<Point, 3>;
     void addTriangle(const Point& a, const Point& b, const Point& c);
+    void addRows(const Triangle& corners, int begin, int end);
     void fillStripe(int begin, int end, double middle, double step, double width);
     void fill(int row, double from, double to);
     void reach(const Point& p);
