@@ -26,6 +26,9 @@ inline void require(bool holds, const char* what) {
 }
 
 /// Hands out bytes as choices, numbers and texts; zeros once they are used up.
+///
+/// Use: one call in an expression, or calls between braces. Compilers order the arguments of calls
+/// as they like, and an input should mean the same to all of them.
 class Bytes {
 public:
     Bytes(const std::uint8_t* data, std::size_t size) : left(data, size) {}
@@ -42,7 +45,10 @@ public:
     bool flag() { return byte() % 2 == 1; }
     /// From 0 to `count` - 1.
     int choice(int count) { return byte() % count; }
-    int integer() { return static_cast<int>(static_cast<std::int8_t>(byte())) * (1 + choice(40)); }
+    int integer() {
+        const int few = signedByte();
+        return few * (1 + choice(40));
+    }
 
     /// Small whole numbers, ordinary ones, ones that break careless code, and any bits at all.
     double number() {
@@ -67,9 +73,11 @@ public:
                                             1e15 + 0.5};
         switch (choice(4)) {
         case 0:
-            return static_cast<std::int8_t>(byte());
-        case 1:
-            return static_cast<std::int8_t>(byte()) * std::pow(10.0, choice(19) - 9);
+            return signedByte();
+        case 1: {
+            const int few = signedByte();
+            return few * std::pow(10.0, choice(19) - 9);
+        }
         case 2:
             return hostile.at(byte() % hostile.size());
         default:
@@ -104,6 +112,8 @@ public:
     }
 
 private:
+    std::int8_t signedByte() { return static_cast<std::int8_t>(byte()); }
+
     std::span<const std::uint8_t> left;
 };
 

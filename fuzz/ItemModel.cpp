@@ -103,15 +103,22 @@ public:
         const int count = rowCount({});
         switch (bytes.choice(12)) {
         case 0:
-        case 1:
-            insertAt(bytes.choice(count + 1), 1 + bytes.choice(6), bytes);
+        case 1: {
+            const int first = bytes.choice(count + 1);
+            insertAt(first, 1 + bytes.choice(6), bytes);
             break;
-        case 2:
-            removeAt(bytes.choice(count + 1), 1 + bytes.choice(6));
+        }
+        case 2: {
+            const int first = bytes.choice(count + 1);
+            removeAt(first, 1 + bytes.choice(6));
             break;
-        case 3:
-            moveFrom(bytes.choice(count + 1), 1 + bytes.choice(4), bytes.choice(count + 1));
+        }
+        case 3: {
+            const int first = bytes.choice(count + 1);
+            const int moved = 1 + bytes.choice(4);
+            moveFrom(first, moved, bytes.choice(count + 1));
             break;
+        }
         case 4:
         case 5:
             setItems(bytes);
@@ -131,9 +138,11 @@ public:
         case 10:
             changeBelow(bytes);
             break;
-        default:
-            moveColumn(bytes.choice(columns + 1), bytes.choice(columns + 1));
+        default: {
+            const int from = bytes.choice(columns + 1);
+            moveColumn(from, bytes.choice(columns + 1));
             break;
+        }
         }
     }
 
@@ -334,9 +343,11 @@ struct World {
                 fed = nullptr;
             model = std::make_unique<Model>();
             break;
-        case 3:
-            feeder.setColumns(bytes.choice(7) - 1, bytes.choice(7) - 1);
+        case 3: {
+            const int x = bytes.choice(7) - 1;
+            feeder.setColumns(x, bytes.choice(7) - 1);
             break;
+        }
         case 4:
             feeder.setRole(bytes.flag() ? roles[0] : roles[1]);
             break;

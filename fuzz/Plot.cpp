@@ -41,11 +41,15 @@ Samples anySamples(Bytes& bytes) {
     case 0: {
         const Samples ring = Samples::streamed(bytes.byte() % 40);
         Samples fed = ring;
-        fed.append(bytes.numbers(), bytes.numbers());
+        const std::vector<double> x = bytes.numbers();
+        fed.append(x, bytes.numbers());
         return ring;
     }
-    case 1:
-        return Samples::evenlySpaced(bytes.number(), bytes.number(), bytes.numbers());
+    case 1: {
+        const double first = bytes.number();
+        const double step = bytes.number();
+        return Samples::evenlySpaced(first, step, bytes.numbers());
+    }
     case 2: {
         const std::vector<double> x = bytes.numbers();
         const std::vector<double> y = bytes.numbers();
@@ -78,13 +82,15 @@ Grid anyGrid(Bytes& bytes) {
 
 ColorScale anyColorScale(Bytes& bytes) {
     static const ColorMap maps[] = {ColorMap::viridis(), ColorMap::coolWarm(), ColorMap::tides()};
-    ColorScale scale(bytes.flag() ? maps[bytes.choice(3)].reversed()
+    ColorScale scale{bytes.flag() ? maps[bytes.choice(3)].reversed()
                                   : ColorMap({anyColor(bytes), anyColor(bytes)}),
-                     fuzz::anyScale(bytes));
+                     fuzz::anyScale(bytes)};
     if (bytes.flag())
         scale.setCenter(bytes.number());
-    if (bytes.flag())
-        scale.setRange(bytes.number(), bytes.number());
+    if (bytes.flag()) {
+        const double first = bytes.number();
+        scale.setRange(first, bytes.number());
+    }
     if (bytes.flag())
         scale.setNanColor(anyColor(bytes));
     scale.setTitle(bytes.text());
@@ -97,62 +103,73 @@ Bins anyBins(Bytes& bytes) {
         return Bins::byRule(any<BinRule>(bytes, 3));
     case 1:
         return Bins::ofCount(bytes.byte());
-    case 2:
-        return Bins::ofWidth(bytes.number(), bytes.number());
+    case 2: {
+        const double width = bytes.number();
+        return Bins::ofWidth(width, bytes.number());
+    }
     default:
         return Bins::withEdges(bytes.numbers());
     }
 }
 
+// Braces read their arguments from left to right; calls leave that to the compiler, and then an
+// input would not mean the same to all.
+template <class Kind>
+struct Made : std::shared_ptr<Series> {
+    template <class... Arguments>
+    explicit Made(Arguments&&... arguments)
+        : std::shared_ptr<Series>(std::make_shared<Kind>(std::forward<Arguments>(arguments)...)) {}
+};
+
 std::shared_ptr<Series> makeSeries(Bytes& bytes) {
     switch (bytes.choice(19)) {
     case 0:
-        return std::make_shared<LineSeries>(anySamples(bytes), bytes.text());
+        return Made<LineSeries>{anySamples(bytes), bytes.text()};
     case 1:
-        return std::make_shared<ScatterSeries>(anySamples(bytes), bytes.text());
+        return Made<ScatterSeries>{anySamples(bytes), bytes.text()};
     case 2:
-        return std::make_shared<AreaSeries>(anySamples(bytes), bytes.text());
+        return Made<AreaSeries>{anySamples(bytes), bytes.text()};
     case 3:
-        return std::make_shared<BandSeries>(bytes.numbers(), bytes.numbers(), bytes.numbers());
+        return Made<BandSeries>{bytes.numbers(), bytes.numbers(), bytes.numbers()};
     case 4:
-        return std::make_shared<BarSeries>(bytes.numbers(), bytes.numbers(), bytes.text());
+        return Made<BarSeries>{bytes.numbers(), bytes.numbers(), bytes.text()};
     case 5:
-        return std::make_shared<HistogramSeries>(bytes.numbers(), bytes.text());
+        return Made<HistogramSeries>{bytes.numbers(), bytes.text()};
     case 6:
-        return std::make_shared<BoxPlotSeries>(
-            std::vector<std::vector<double>>{bytes.numbers(), bytes.numbers()}, bytes.text());
+        return Made<BoxPlotSeries>{
+            std::vector<std::vector<double>>{bytes.numbers(), bytes.numbers()}, bytes.text()};
     case 7:
-        return std::make_shared<CandlestickSeries>(CandleRows{
-            bytes.numbers(), bytes.numbers(), bytes.numbers(), bytes.numbers(), bytes.numbers()});
+        return Made<CandlestickSeries>{CandleRows{bytes.numbers(), bytes.numbers(), bytes.numbers(),
+                                                  bytes.numbers(), bytes.numbers()}};
     case 8:
-        return std::make_shared<ErrorBarSeries>(bytes.numbers(), bytes.numbers(), bytes.text());
+        return Made<ErrorBarSeries>{bytes.numbers(), bytes.numbers(), bytes.text()};
     case 9:
-        return std::make_shared<StemSeries>(bytes.numbers(), bytes.numbers(), bytes.text());
+        return Made<StemSeries>{bytes.numbers(), bytes.numbers(), bytes.text()};
     case 10: {
         const double a = bytes.number();
         const double b = bytes.number();
-        return std::make_shared<FunctionSeries>(
-            [a, b](double x) { return a * std::sin(x * b) / (x - a); }, bytes.text());
+        return Made<FunctionSeries>{[a, b](double x) { return a * std::sin(x * b) / (x - a); },
+                                    bytes.text()};
     }
     case 11:
-        return std::make_shared<HeatMapSeries>(anyGrid(bytes), bytes.text());
+        return Made<HeatMapSeries>{anyGrid(bytes), bytes.text()};
     case 12:
-        return std::make_shared<ContourSeries>(anyGrid(bytes), bytes.text());
+        return Made<ContourSeries>{anyGrid(bytes), bytes.text()};
     case 13:
-        return std::make_shared<LineAnnotation>(any<AcrossCanvas>(bytes, 2), anyCoordinate(bytes),
-                                                bytes.text());
+        return Made<LineAnnotation>{any<AcrossCanvas>(bytes, 2), anyCoordinate(bytes),
+                                    bytes.text()};
     case 14:
-        return std::make_shared<SpanAnnotation>(any<AcrossCanvas>(bytes, 2), anyCoordinate(bytes),
-                                                anyCoordinate(bytes), bytes.text());
+        return Made<SpanAnnotation>{any<AcrossCanvas>(bytes, 2), anyCoordinate(bytes),
+                                    anyCoordinate(bytes), bytes.text()};
     case 15:
-        return std::make_shared<TextAnnotation>(anyPosition(bytes), bytes.text());
+        return Made<TextAnnotation>{anyPosition(bytes), bytes.text()};
     case 16:
-        return std::make_shared<ArrowAnnotation>(anyPosition(bytes), anyPosition(bytes));
+        return Made<ArrowAnnotation>{anyPosition(bytes), anyPosition(bytes)};
     case 17: {
         std::vector<Position> corners;
         for (int i = bytes.choice(7); i > 0; --i)
             corners.push_back(anyPosition(bytes));
-        return std::make_shared<ShapeAnnotation>(any<AnnotationShape>(bytes, 3), corners);
+        return Made<ShapeAnnotation>{any<AnnotationShape>(bytes, 3), corners};
     }
     default:
         return nullptr;
@@ -180,10 +197,12 @@ void change(LineSeries& series, Bytes& bytes) {
         break;
     default: {
         Samples samples = series.samples();
-        if (bytes.choice(4) == 0)
+        if (bytes.choice(4) == 0) {
             samples.clear();
-        else
-            samples.append(bytes.numbers(), bytes.numbers());
+        } else {
+            const std::vector<double> x = bytes.numbers();
+            samples.append(x, bytes.numbers());
+        }
     }
     }
 }
@@ -203,10 +222,13 @@ void change(AreaSeries& series, Bytes& bytes) {
 }
 
 void change(BandSeries& series, Bytes& bytes) {
-    if (bytes.flag())
-        series.setSamples(bytes.numbers(), bytes.numbers(), bytes.numbers());
-    else
+    if (bytes.flag()) {
+        const std::vector<double> x = bytes.numbers();
+        const std::vector<double> low = bytes.numbers();
+        series.setSamples(x, low, bytes.numbers());
+    } else {
         series.setStyle({bytes.number(), bytes.number()});
+    }
 }
 
 void change(HistogramSeries& series, Bytes& bytes) {
@@ -226,11 +248,13 @@ void change(HistogramSeries& series, Bytes& bytes) {
 }
 
 void change(BoxPlotSeries& series, Bytes& bytes) {
-    if (bytes.flag())
-        series.setSamples(bytes.numbers(), {bytes.numbers(), {}, bytes.numbers()});
-    else
+    if (bytes.flag()) {
+        const std::vector<double> x = bytes.numbers();
+        series.setSamples(x, {bytes.numbers(), {}, bytes.numbers()});
+    } else {
         series.setStyle({any<Orientation>(bytes, 2), bytes.number(), bytes.number(), bytes.number(),
                          bytes.number(), bytes.flag()});
+    }
 }
 
 void change(CandlestickSeries& series, Bytes& bytes) {
@@ -243,38 +267,48 @@ void change(CandlestickSeries& series, Bytes& bytes) {
 
 void change(ErrorBarSeries& series, Bytes& bytes) {
     switch (bytes.choice(6)) {
-    case 0:
-        series.setSamples(bytes.numbers(), bytes.numbers());
+    case 0: {
+        const std::vector<double> x = bytes.numbers();
+        series.setSamples(x, bytes.numbers());
         break;
+    }
     case 1:
         series.setXErrors(bytes.numbers());
         break;
     case 2:
         series.setYErrors(bytes.numbers());
         break;
-    case 3:
-        series.setXErrors(bytes.numbers(), bytes.numbers());
+    case 3: {
+        const std::vector<double> below = bytes.numbers();
+        series.setXErrors(below, bytes.numbers());
         break;
-    case 4:
-        series.setYErrors(bytes.numbers(), bytes.numbers());
+    }
+    case 4: {
+        const std::vector<double> below = bytes.numbers();
+        series.setYErrors(below, bytes.numbers());
         break;
+    }
     default:
         series.setStyle({bytes.number(), bytes.number(), bytes.number()});
     }
 }
 
 void change(StemSeries& series, Bytes& bytes) {
-    if (bytes.flag())
-        series.setSamples(bytes.numbers(), bytes.numbers());
-    else
+    if (bytes.flag()) {
+        const std::vector<double> x = bytes.numbers();
+        series.setSamples(x, bytes.numbers());
+    } else {
         series.setStyle({bytes.number(), bytes.number(), bytes.number()});
+    }
 }
 
 void change(FunctionSeries& series, Bytes& bytes) {
     switch (bytes.choice(5)) {
-    case 0:
-        series.setDomain(bytes.number(), bytes.number());
+    case 0: {
+        const double first = bytes.number();
+        series.setDomain(first, bytes.number());
         break;
+    }
     case 1:
         series.clearDomain();
         break;
@@ -340,10 +374,12 @@ void change(LineAnnotation& line, Bytes& bytes) {
 }
 
 void change(SpanAnnotation& span, Bytes& bytes) {
-    if (bytes.flag())
-        span.setSpan(anyCoordinate(bytes), anyCoordinate(bytes));
-    else
+    if (bytes.flag()) {
+        const Coordinate first = anyCoordinate(bytes);
+        span.setSpan(first, anyCoordinate(bytes));
+    } else {
         span.setLabel(bytes.text());
+    }
 }
 
 void change(TextAnnotation& text, Bytes& bytes) {
@@ -360,10 +396,12 @@ void change(TextAnnotation& text, Bytes& bytes) {
 }
 
 void change(ArrowAnnotation& arrow, Bytes& bytes) {
-    if (bytes.flag())
-        arrow.setEnds(anyPosition(bytes), anyPosition(bytes));
-    else
+    if (bytes.flag()) {
+        const Position from = anyPosition(bytes);
+        arrow.setEnds(from, anyPosition(bytes));
+    } else {
         arrow.setWidth(bytes.number());
+    }
 }
 
 void change(ShapeAnnotation& shape, Bytes& bytes) {
@@ -395,9 +433,11 @@ void changeBars(BarSeries& bars, const Plot& plot, Bytes& bytes) {
         return dynamic_cast<BarSeries*>(all.at(bytes.byte() % all.size()).get());
     };
     switch (bytes.choice(5)) {
-    case 0:
-        bars.setSamples(bytes.numbers(), bytes.numbers());
+    case 0: {
+        const std::vector<double> x = bytes.numbers();
+        bars.setSamples(x, bytes.numbers());
         break;
+    }
     case 1:
         bars.setStyle({any<Orientation>(bytes, 2), bytes.number(), bytes.number()});
         break;
@@ -426,9 +466,11 @@ void changeSeries(Plot& plot, Bytes& bytes) {
     case 1:
         series.setVisible(bytes.flag());
         break;
-    case 2:
-        series.setAxes(bytes.choice(6) - 1, bytes.choice(6) - 1);
+    case 2: {
+        const int x = bytes.choice(6) - 1;
+        series.setAxes(x, bytes.choice(6) - 1);
         break;
+    }
     case 3:
         series.setColor(bytes.flag() ? std::optional(anyColor(bytes)) : std::nullopt);
         break;
@@ -450,9 +492,12 @@ void changeAxis(Plot& plot, Plot& other, Bytes& bytes) {
     case 0:
         plot.setAxisEnabled(id, bytes.flag());
         break;
-    case 1:
-        plot.setAxisScale(id, bytes.number(), bytes.number(), bytes.number());
+    case 1: {
+        const double first = bytes.number();
+        const double last = bytes.number();
+        plot.setAxisScale(id, first, last, bytes.number());
         break;
+    }
     case 2:
         plot.setAxisAutoScale(id, bytes.flag());
         break;
@@ -467,7 +512,9 @@ void changeAxis(Plot& plot, Plot& other, Bytes& bytes) {
         break;
     case 6: {
         const auto before = axis.range();
-        if (!axis.setRange(bytes.number(), bytes.number(), bytes.number()))
+        const double first = bytes.number();
+        const double last = bytes.number();
+        if (!axis.setRange(first, last, bytes.number()))
             require(axis.range() == before || axis.isDerived(),
                     "a refused range that changes nothing");
         break;
@@ -609,11 +656,14 @@ void run(Bytes bytes) {
             changePlot(plot, bytes);
             break;
         case 9: {
-            PlotGrid grid(bytes.choice(4), bytes.choice(4));
-            for (const auto& each : plots)
-                grid.setPlot(bytes.choice(5) - 1, bytes.choice(5) - 1, each);
+            PlotGrid grid{bytes.choice(4), bytes.choice(4)};
+            for (const auto& each : plots) {
+                const int row = bytes.choice(5) - 1;
+                grid.setPlot(row, bytes.choice(5) - 1, each);
+            }
             test::StrictPainter painter;
-            grid.renderInto(painter, bytes.integer(), bytes.integer());
+            const int width = bytes.integer();
+            grid.renderInto(painter, width, bytes.integer());
             require(painter.fault().empty(), painter.fault().c_str());
             break;
         }

@@ -20,8 +20,10 @@ inline zembra::Scale anyScale(Bytes& bytes) {
         return Scale::log(bytes.number());
     case 2:
         return Scale::time(zones.at(bytes.byte() % zones.size()));
-    case 3:
-        return Scale::symLog(bytes.number(), bytes.number());
+    case 3: {
+        const double linearWidth = bytes.number();
+        return Scale::symLog(linearWidth, bytes.number());
+    }
     case 4: {
         std::vector<std::string> names(bytes.byte() % 12);
         for (std::string& name : names)
@@ -64,9 +66,12 @@ inline zembra::NumberFormat anyFormat(Bytes& bytes) {
     case 6:
         format = NumberFormat::degrees(bytes.integer());
         break;
-    case 7:
-        format = NumberFormat::currency(bytes.text(), bytes.text(), bytes.integer());
+    case 7: {
+        const std::string prefix = bytes.text();
+        const std::string suffix = bytes.text();
+        format = NumberFormat::currency(prefix, suffix, bytes.integer());
         break;
+    }
     case 8:
         format = NumberFormat::custom([](double v) { return std::string(v > 0.0 ? 3 : 1, 'x'); });
         break;

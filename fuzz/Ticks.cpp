@@ -41,8 +41,10 @@ void run(fuzz::Bytes bytes) {
     const double second = bytes.flag() ? std::nextafter(first, bytes.number()) : bytes.number();
     checkTicks(scale, first, second, request);
 
+    const double share = bytes.number();
+    const bool keepMin = bytes.flag();
     const Interval range = scale.autoRange({std::min(first, second), std::max(first, second)},
-                                           bytes.number(), bytes.flag(), bytes.flag());
+                                           share, keepMin, bytes.flag());
     fuzz::require(std::isfinite(range.min) && std::isfinite(range.max) && range.min < range.max,
                   "automatic ranges that are finite and have a length");
     checkTicks(scale, range.min, range.max, request);
