@@ -67,7 +67,7 @@ void Canvas::drawPolyline(const std::vector<Point>& points, const Pen& pen) {
 void Canvas::drawRect(const Rect& rect, const Pen& pen) {
     if (!isFinite(rect) || rect.width < 0.0 || rect.height < 0.0)
         return;
-    if (contains(area, rect)) {
+    if (contains(area, rect) && !hasManyDashes(pen, 2.0 * (rect.width + rect.height), area)) {
         usePen(painter, pen);
         painter.drawRect(rect);
         return;
@@ -84,7 +84,8 @@ void Canvas::drawEllipse(const Point& centre, double rx, double ry, const Pen& p
     const Rect box{centre.x - rx, centre.y - ry, 2.0 * rx, 2.0 * ry};
     if (!isFinite(box))
         return;
-    if (contains(area, box)) {
+    if (contains(area, box) &&
+        !hasManyDashes(pen, 2.0 * std::numbers::pi * std::max(rx, ry), area)) {
         usePen(painter, pen);
         painter.drawEllipse(centre.x, centre.y, rx, ry);
         return;

@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <numeric>
 
 namespace zembra {
 
@@ -76,6 +77,29 @@ bool isDashed(const Pen& pen) {
            !pen.dashPattern().empty();
 }
 
+// Dash and gap lengths in widths of the pen, as painters draw them.
+std::vector<double> dashesOf(const Pen& pen) {
+    std::vector<double> lengths = pen.dashPattern();
+    if (lengths.empty()) {
+        switch (pen.style()) {
+        case PenStyle::Dash:
+            lengths = {4.0, 2.0};
+            break;
+        case PenStyle::Dot:
+            lengths = {1.0, 2.0};
+            break;
+        case PenStyle::DashDot:
+            lengths = {4.0, 2.0, 1.0, 2.0};
+            break;
+        default:
+            lengths = {4.0, 2.0, 1.0, 2.0, 1.0, 2.0};
+        }
+    }
+    if (lengths.size() % 2 != 0)
+        lengths.push_back(0.0);
+    return lengths;
+}
+
 // How much of a path is drawn as lines on their own.
 double lineLength(const ClippedPath& stroke, double width) {
     double total = 0.0;
@@ -121,29 +145,12 @@ Raster& rastered(const ClippedPath& stroke, const Rect& area, double width) {
     return raster;
 }
 
-// Dash and gap lengths in pixels, as painters draw them.
+// The same in pixels. Shorter than this, dashes would run into each other and only cost time.
 std::vector<double> dashLengths(const Pen& pen, double width) {
-    std::vector<double> lengths = pen.dashPattern();
-    if (lengths.empty()) {
-        switch (pen.style()) {
-        case PenStyle::Dash:
-            lengths = {4.0, 2.0};
-            break;
-        case PenStyle::Dot:
-            lengths = {1.0, 2.0};
-            break;
-        case PenStyle::DashDot:
-            lengths = {4.0, 2.0, 1.0, 2.0};
-            break;
-        default:
-            lengths = {4.0, 2.0, 1.0, 2.0, 1.0, 2.0};
-        }
-    }
-    if (lengths.size() % 2 != 0)
-        lengths.push_back(0.0);
-    // Shorter than this, dashes would run into each other and only cost time.
+    const double shortest = std::max(0.25, 0.01 * width);
+    std::vector<double> lengths = dashesOf(pen);
     for (double& length : lengths)
-        length = std::isfinite(length) ? std::max(length * width, 0.25) : 0.25;
+        length = std::isfinite(length) ? std::max(length * width, shortest) : shortest;
     return lengths;
 }
 
@@ -337,6 +344,18 @@ bool isDashPattern(const std::vector<double>& lengths) {
            (lengths.empty() || *std::max_element(lengths.begin(), lengths.end()) > 0.0);
 }
 
+bool hasManyDashes(const Pen& pen, double length, const Rect& area) {
+    // They take a painter a fraction of a frame.
+    constexpr double mostRows = 5000.0;
+    if (!isDashed(pen) || !isDashPattern(pen.dashPattern()))
+        return false;
+    const std::vector<double> lengths = dashesOf(pen);
+    const double period = std::accumulate(lengths.begin(), lengths.end(), 0.0);
+    const double width = boundedWidth(pen) > 0.0 ? boundedWidth(pen) : 1.0;
+    // A dash reaches about as many rows as the pen is wide.
+    return length * std::min(1.0, (area.width + area.height) / width) > mostRows * period;
+}
+
 void usePen(Painter& painter, const Pen& pen) {
     const double width = boundedWidth(pen);
     const bool drawable = isDashPattern(pen.dashPattern());
@@ -365,10 +384,9 @@ void strokePath(Painter& painter, const Rect& area, std::span<const Point> path,
         intersected(area.grown(width), {-farthest, -farthest, 2.0 * farthest, 2.0 * farthest});
     thread_local ClippedPath stroke;
     stroke.assign(path, limits);
-    const bool dashed = isDashed(pen);
     // Parts that overlap would show in translucent colours, and interrupt dashes.
-    const bool inOnePiece = pen.color().alpha() < 255 || dashed;
-    if (isDense(stroke, area, width, inOnePiece)) {
+    const bool inOnePiece = pen.color().alpha() < 255 || isDashed(pen);
+    if (isDense(stroke, area, width, inOnePiece) || hasManyDashes(pen, stroke.length(), area)) {
         drawDense(painter, area, stroke, pen, width, pixelRatio, buffers);
         return;
     }

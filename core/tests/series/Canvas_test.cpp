@@ -332,3 +332,29 @@ TEST(Canvas, DashesThatCannotBeDrawnAreALine) {
     solid.canvas.drawRect({11.0, 11.0, 2.0, 2.0}, Pen(ink, 2.0));
     EXPECT_EQ(bench.text(), solid.text());
 }
+
+// Painters take seconds for them, or minutes with a wide pen.
+TEST(Canvas, MoreDashesThanAPainterDrawsInTimeAreOnePicture) {
+    const auto draw = [](Bench& bench, const Pen& pen) {
+        bench.canvas.drawLine({20.0, 40.0}, {380.0, 40.0}, pen);
+        bench.canvas.drawRect({20.0, 60.0, 300.0, 60.0}, pen);
+        bench.canvas.drawEllipse({200.0, 200.0}, 90.0, 60.0, pen);
+    };
+    for (const double width : {0.0, 3.0, 30.0}) {
+        Pen pen(ink, width);
+        pen.setDashPattern({0.02, 0.02});
+        Bench bench({0.0, 0.0, 400.0, 300.0});
+        draw(bench, pen);
+        EXPECT_EQ(bench.count("drawImage"), 3) << width << '\n' << bench.text();
+        EXPECT_EQ(bench.count("drawPolyline") + bench.count("drawRect") + bench.count("drawLine") +
+                      bench.count("drawEllipse"),
+                  0)
+            << width << '\n'
+            << bench.text();
+    }
+    Pen dotted(ink, 1.0);
+    dotted.setStyle(PenStyle::Dot);
+    Bench bench({0.0, 0.0, 400.0, 300.0});
+    draw(bench, dotted);
+    EXPECT_EQ(bench.count("drawImage"), 0) << bench.text();
+}
