@@ -398,6 +398,8 @@ void Plot::Private::draw(Painter& painter, const PlotLayout& layout) {
         const Rect key{corner.x + entry.key.x, corner.y + entry.key.y, entry.key.width,
                        entry.key.height};
         Canvas keyCanvas(painter, key, {}, {}, lookOf(entry.series), buffers);
+        // Wider ones would reach the names beside their ends.
+        keyCanvas.setWidestPen(0.5 * key.height);
         series[entry.series]->drawLegendKey(keyCanvas, key);
     }
 }

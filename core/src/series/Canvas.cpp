@@ -7,6 +7,7 @@
 #include "MarkerRaster.h"
 #include "Stroke.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <utility>
@@ -23,6 +24,11 @@ bool isFinite(const Rect& r) {
 bool contains(const Rect& outer, const Rect& inner) {
     return inner.left() >= outer.left() && inner.right() <= outer.right() &&
            inner.top() >= outer.top() && inner.bottom() <= outer.bottom();
+}
+
+Pen bounded(Pen pen, double widest) {
+    pen.setWidthF(std::min(pen.widthF(), widest));
+    return pen;
 }
 
 // A closed ring of points; fine enough that no edge leaves the ellipse by a tenth of a pixel.
@@ -48,6 +54,10 @@ void Canvas::setPixelRatio(double pixelRatio) {
     ratio = pixelRatio;
 }
 
+void Canvas::setWidestPen(double width) {
+    widestPen = width;
+}
+
 void Canvas::setRuler(Ruler other) {
     ruler = std::move(other);
 }
@@ -61,14 +71,14 @@ void Canvas::drawLine(const Point& from, const Point& to, const Pen& pen) {
 }
 
 void Canvas::drawPolyline(const std::vector<Point>& points, const Pen& pen) {
-    strokePath(painter, area, points, pen, ratio, buffers);
+    strokePath(painter, area, points, bounded(pen, widestPen), ratio, buffers);
 }
 
 void Canvas::drawRect(const Rect& rect, const Pen& pen) {
     if (!isFinite(rect) || rect.width < 0.0 || rect.height < 0.0)
         return;
     if (contains(area, rect) && !hasManyDashes(pen, 2.0 * (rect.width + rect.height), area)) {
-        usePen(painter, pen);
+        usePen(painter, bounded(pen, widestPen));
         painter.drawRect(rect);
         return;
     }
@@ -86,7 +96,7 @@ void Canvas::drawEllipse(const Point& centre, double rx, double ry, const Pen& p
         return;
     if (contains(area, box) &&
         !hasManyDashes(pen, 2.0 * std::numbers::pi * std::max(rx, ry), area)) {
-        usePen(painter, pen);
+        usePen(painter, bounded(pen, widestPen));
         painter.drawEllipse(centre.x, centre.y, rx, ry);
         return;
     }

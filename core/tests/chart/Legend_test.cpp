@@ -7,7 +7,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace zembra;
 using zembra::test::TextBoxPainter;
@@ -52,6 +56,50 @@ TEST(Legend, ShowsOneEntryOnlyWhenAskedAndNoneWhenForbidden) {
     TextBoxPainter second;
     plot.renderInto(second, 640, 480);
     EXPECT_FALSE(boxOf(second, "two"));
+}
+
+TEST(Legend, KeysOfWideLinesDoNotReachTheNames) {
+    // Notes how far the lines reach that end left of a name, in its rows.
+    class KeyPainter : public TextBoxPainter {
+    public:
+        void setPen(const Pen& pen) override {
+            half = 0.5 * pen.widthF();
+            TextBoxPainter::setPen(pen);
+        }
+        void drawLine(double x1, double y1, double x2, double y2) override {
+            note({{x1, y1}, {x2, y2}});
+        }
+        void drawPolyline(const std::vector<Point>& points) override { note(points); }
+        std::vector<std::pair<Point, double>> ends;
+
+    private:
+        void note(const std::vector<Point>& points) { ends.emplace_back(points.back(), half); }
+        double half = 0.0;
+    };
+    for (const double width : {4.0, 30.0, 1e9}) {
+        Plot plot;
+        addLine(plot, "one");
+        addLine(plot, "two", false);
+        for (const auto& series : plot.series())
+            std::dynamic_pointer_cast<LineSeries>(series)->setWidth(width);
+        KeyPainter painter;
+        plot.renderInto(painter, 640, 480);
+        int keys = 0;
+        for (const char* name : {"one", "two"}) {
+            const auto box = boxOf(painter, name);
+            ASSERT_TRUE(box) << width;
+            for (const auto& [end, half] : painter.ends) {
+                if (end.y < box->top() || end.y > box->bottom() || end.x > box->left() ||
+                    end.x < box->left() - 10.0)
+                    continue;
+                ++keys;
+                EXPECT_LE(end.x + half, box->left()) << width;
+                EXPECT_GE(end.y - half, box->top()) << width;
+                EXPECT_LE(end.y + half, box->bottom()) << width;
+            }
+        }
+        EXPECT_EQ(keys, 2) << width;
+    }
 }
 
 TEST(Legend, TakesTheCornerThatCoversLeast) {

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -41,6 +42,8 @@ public:
 
     /// See `Plot::setPixelRatio`.
     void setPixelRatio(double pixelRatio);
+    /// Draws lines with pens no wider than this, as a legend does, whose keys are small.
+    void setWidestPen(double width);
     /// How large texts are, from one who remembers it; the painter is asked each time without.
     using Ruler = std::function<TextExtent(const std::string&, const Font&)>;
     void setRuler(Ruler ruler);
@@ -88,6 +91,7 @@ private:
     Painter& painter;
     Rect area;
     double ratio = 1.0;
+    double widestPen = std::numeric_limits<double>::infinity();
     Ruler ruler;
     ScaleMap xMap;
     ScaleMap yMap;
