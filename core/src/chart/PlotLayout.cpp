@@ -203,7 +203,8 @@ void Plot::Private::LayoutAttempt::placeAxes() {
         if (!hasLabels(id))
             continue;
         auto& axis = layout.axes[static_cast<std::size_t>(id)];
-        axis = axisOver(id, rest());
+        const Rect& known = plot.memory.canvas;
+        axis = axisOver(id, plot.aspect > 0.0 && !known.isEmpty() ? known : rest());
         (id == 0 ? margins.left : margins.right) = verticalAxisRoom(*axis, hasTitle(id), theme);
     }
     // Half of the outermost label of a horizontal axis reaches over the canvas.
@@ -255,10 +256,12 @@ void Plot::Private::LayoutAttempt::finish() {
         if (!plot.axis(id).enabled)
             continue;
         auto& axis = layout.axes[static_cast<std::size_t>(id)];
-        if (isHorizontalAxis(id) || !axis)
+        const ScaleMap map = plot.mapOver(id, layout.canvas);
+        const bool isSettled = axis && axis->map.s1() == map.s1() && axis->map.s2() == map.s2();
+        if (isHorizontalAxis(id) || !isSettled)
             axis = axisOver(id, layout.canvas);
         else
-            axis->map = plot.mapOver(id, layout.canvas);
+            axis->map = map;
     }
     double x = layout.canvas.right();
     if (hasLabels(1))
@@ -273,7 +276,19 @@ void Plot::Private::LayoutAttempt::finish() {
 
 PlotLayout Plot::Private::layOut(double width, double height, const Margins& least) {
     if (memory.width != width || memory.height != height)
-        memory = {width, height, {}, {}, std::nullopt};
+        memory = {width, height, {}, {}, std::nullopt, {}};
+    PlotLayout layout = layOutOnce(width, height, least);
+    // With a fixed aspect ratio the range of a vertical axis depends on the canvas, and the canvas
+    // on the room for its labels: while nothing changes, both are known from the frame before.
+    constexpr int mostTries = 4;
+    for (int i = 1; i < mostTries && aspect > 0.0 && layout.canvas != memory.canvas; ++i) {
+        memory.canvas = layout.canvas;
+        layout = layOutOnce(width, height, least);
+    }
+    return layout;
+}
+
+PlotLayout Plot::Private::layOutOnce(double width, double height, const Margins& least) {
     for (const Detail detail : {Detail::Full, Detail::TitleOnly, Detail::NoTitles}) {
         LayoutAttempt attempt(*this, detail, width, height);
         attempt.placeTitles();

@@ -73,6 +73,8 @@ struct LayoutMemory {
     std::vector<AxisMemory> colorBars;
     /// The place an automatic legend has settled in.
     std::optional<LegendPosition> legendPosition;
+    /// With a fixed aspect ratio, on which the ranges of axes depend.
+    Rect canvas;
 };
 
 /// The axis 0 or 2 along the same direction.
@@ -97,6 +99,7 @@ struct Plot::Private {
 
     /// `least` are margins that the canvas keeps at the least.
     PlotLayout layOut(double width, double height, const Margins& least);
+    PlotLayout layOutOnce(double width, double height, const Margins& least);
     /// The same after an automatic legend has chosen its place, for which the series are drawn once
     /// without a trace.
     PlotLayout settledLayout(Painter& painter, double width, double height, const Margins& least);

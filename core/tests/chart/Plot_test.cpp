@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/HostileNumbers.h"
+#include "support/StrictPainter.h"
 #include "support/TextBoxPainter.h"
 
 #include <zembra/chart/Plot.h>
@@ -15,6 +16,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <string>
 
 using namespace zembra;
 using zembra::test::notANumber;
@@ -329,6 +331,37 @@ TEST(Plot, AFixedAspectKeepsCirclesRound) {
     }
     plot.setAspectRatio(notANumber);
     EXPECT_EQ(plot.aspectRatio(), 0.0);
+}
+
+TEST(Plot, AFixedAspectHasTicksAsFarAsItsAxesReach) {
+    Plot plot;
+    plot.setAspectRatio(1.0);
+    plot.axis(0).setRange(100.0, 110.0, 2.0);
+    plot.axis(2).setRange(0.0, 10.0);
+    RecordingPainter painter;
+    plot.renderInto(painter, 400, 900);
+    const std::string first = painter.text();
+    const ScaleMap y = plot.scaleMap(0);
+    EXPECT_GT(y.s2() - y.s1(), 20.0);
+    for (double value = 2.0 * std::ceil(0.5 * y.s1()); value <= y.s2(); value += 2.0)
+        EXPECT_NE(first.find('"' + std::to_string(std::lround(value)) + '"'), std::string::npos)
+            << value << " of " << y.s1() << " to " << y.s2();
+    // And the second frame is the same.
+    RecordingPainter again;
+    plot.renderInto(again, 400, 900);
+    EXPECT_EQ(again.text(), first);
+}
+
+// Where there is room for labels, double had an end; beside the labels it has none.
+TEST(Plot, AFixedAspectAtTheEndOfDoubleHasNoTicksElsewhere) {
+    Plot plot;
+    plot.axis(2).setRange(-1.7e308, 1.0);
+    for (double aspect = 1e-3; aspect < 1e3; aspect *= 1.01) {
+        plot.setAspectRatio(aspect);
+        zembra::test::StrictPainter painter;
+        plot.renderInto(painter, 1652, 2080);
+        ASSERT_EQ(painter.fault(), "") << aspect;
+    }
 }
 
 TEST(Plot, HostileNumbersNeitherHangNorReachThePainter) {
