@@ -21,8 +21,20 @@ bool narrow(double along, double room, double& enter, double& leave) {
     return enter <= leave;
 }
 
+// Also where the way from one to the other is longer than any number.
+double between(double from, double to, double share) {
+    const double way = to - from;
+    return std::isfinite(way) ? from + share * way : (1.0 - share) * from + share * to;
+}
+
 Point between(const Point& from, const Point& to, double share) {
-    return {from.x + share * (to.x - from.x), from.y + share * (to.y - from.y)};
+    return {between(from.x, to.x, share), between(from.y, to.y, share)};
+}
+
+// Where an edge lies between points of which one is `a` inside and the other `b`. Halves are finite
+// for all of them, but lose the last bit of subnormal numbers.
+double shareOf(double a, double b) {
+    return std::isfinite(a - b) ? a / (a - b) : 0.5 * a / (0.5 * a - 0.5 * b);
 }
 
 // One pass of polygon clipping, against the half plane in which `inside` is not negative.
@@ -37,7 +49,7 @@ void clipAgainst(std::vector<Point>& points, std::vector<Point>& scratch, Inside
         if (a >= 0.0)
             scratch.push_back(from);
         if ((a >= 0.0) != (b >= 0.0))
-            scratch.push_back(between(from, to, a / (a - b)));
+            scratch.push_back(between(from, to, shareOf(a, b)));
     }
     points.swap(scratch);
 }
@@ -51,14 +63,15 @@ Point held(const Point& p, const Rect& area) {
 
 std::optional<std::pair<Point, Point>> clipSegment(const Point& from, const Point& to,
                                                    const Rect& area) {
-    const double dx = to.x - from.x;
-    const double dy = to.y - from.y;
+    // Halves are finite for all ends.
+    const double dx = 0.5 * to.x - 0.5 * from.x;
+    const double dy = 0.5 * to.y - 0.5 * from.y;
     double enter = 0.0;
     double leave = 1.0;
-    if (!narrow(-dx, from.x - area.left(), enter, leave) ||
-        !narrow(dx, area.right() - from.x, enter, leave) ||
-        !narrow(-dy, from.y - area.top(), enter, leave) ||
-        !narrow(dy, area.bottom() - from.y, enter, leave))
+    if (!narrow(-dx, 0.5 * (from.x - area.left()), enter, leave) ||
+        !narrow(dx, 0.5 * (area.right() - from.x), enter, leave) ||
+        !narrow(-dy, 0.5 * (from.y - area.top()), enter, leave) ||
+        !narrow(dy, 0.5 * (area.bottom() - from.y), enter, leave))
         return std::nullopt;
     return std::pair{held(enter > 0.0 ? between(from, to, enter) : from, area),
                      held(leave < 1.0 ? between(from, to, leave) : to, area)};

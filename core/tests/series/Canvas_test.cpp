@@ -301,9 +301,9 @@ TEST(Canvas, PensOfAnyNumbersReachThePainterAsOnesItCanDraw) {
     }
 }
 
-TEST(Canvas, PolygonsWithCornersOfAnyDistanceStayInside) {
+TEST(Canvas, PolygonsAndLinesWithCornersOfAnyDistanceStayInside) {
     const Rect wide{10.0, 10.0, 300.0, 200.0};
-    for (const double far : {1e5, 1e17, 1e300}) {
+    for (const double far : {1e5, 1e17, 1e300, std::numeric_limits<double>::max()}) {
         StrictPainter painter;
         FrameBuffers buffers;
         const ScaleMap map(Scale::linear(), 10.0, 300.0, 0.0, 1.0);
@@ -311,6 +311,8 @@ TEST(Canvas, PolygonsWithCornersOfAnyDistanceStayInside) {
         canvas.fillPolygon({{-far, 0.3 * far}, {0.7 * far, far}, {0.1 * far, -far}}, ink);
         canvas.fillEllipse({160.0, 110.0}, far, 0.3 * far, ink);
         canvas.drawEllipse({160.0, 110.0}, far, 0.3 * far, Pen(ink, 2.0));
+        for (const Point& from : {Point{-far, -far}, {160.0, -far}, {-far, 110.0}, {-far, far}})
+            canvas.drawPolyline({from, {-from.x, -from.y}, {160.0, 110.0}, from}, Pen(ink, 2.0));
         EXPECT_EQ(painter.fault(), "") << far;
     }
 }
