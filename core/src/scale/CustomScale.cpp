@@ -30,6 +30,15 @@ CustomScale::CustomScale(std::function<double(double)> forward,
     const Interval wanted{std::max(domain.min, limits.min), std::min(domain.max, limits.max)};
     if (wanted.min < wanted.max)
         limits = wanted;
+    // Zooming out clamps to the ends of the domain, so they have to be values that can be placed:
+    // where the function leaps to infinity, as a logarithm at 0, the end is the number beside it.
+    const auto moveInward = [this](double& end, double other) {
+        const double beside = std::nextafter(end, other);
+        if (!contains(end) && contains(beside))
+            end = beside;
+    };
+    moveInward(limits.min, limits.max);
+    moveInward(limits.max, limits.min);
     const Interval probe = defaultRange();
     if (guarded(this->forward, probe.min) > guarded(this->forward, probe.max))
         direction = -1.0;

@@ -45,6 +45,24 @@ TEST(CustomScale, RangesStayInsideTheDomain) {
     EXPECT_LT(scale.autoRange({0.0, 0.0}, 0.1).min, scale.autoRange({0.0, 0.0}, 0.1).max);
 }
 
+TEST(CustomScale, EndsOfTheDomainWhereTheTransformIsInfiniteAreLeftOut) {
+    const Scale logit =
+        Scale::custom([](double v) { return std::log(v / (1.0 - v)); },
+                      [](double p) { return 1.0 / (1.0 + std::exp(-p)); }, {0.0, 1.0});
+    const Interval domain = logit.domain();
+    EXPECT_EQ(domain.min, std::nextafter(0.0, 1.0));
+    EXPECT_EQ(domain.max, std::nextafter(1.0, 0.0));
+    EXPECT_TRUE(logit.contains(domain.min) && logit.contains(domain.max));
+    const Interval empty = logit.autoRange({}, 0.1);
+    EXPECT_TRUE(logit.contains(empty.min) && logit.contains(empty.max));
+    // However far out, a pixel gives a value that an axis can take for its range.
+    const ScaleMap map(logit, 0.0, 100.0, 0.1, 0.9);
+    for (const double pixel : {-1e5, -1e3, 1e3, 1e5})
+        EXPECT_TRUE(logit.contains(map.invTransform(pixel))) << pixel;
+    // Ends that can be placed stay.
+    EXPECT_EQ(squareRoot().domain().min, 0.0);
+}
+
 TEST(CustomScale, WithoutDataTheRangeIsAnEasyOneOfTheDomain) {
     const auto same = [](double v) { return v; };
     const struct {
