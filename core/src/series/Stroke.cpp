@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 namespace zembra {
 
@@ -77,6 +78,14 @@ bool isDashed(const Pen& pen) {
            !pen.dashPattern().empty();
 }
 
+// Qt's painter takes a last gap that is missing for this long, and warns of it each time.
+std::vector<double> withLastGap(std::vector<double> lengths) {
+    constexpr double lastGap = 1.0;
+    if (lengths.size() % 2 != 0)
+        lengths.push_back(lastGap);
+    return lengths;
+}
+
 // Dash and gap lengths in widths of the pen, as painters draw them.
 std::vector<double> dashesOf(const Pen& pen) {
     std::vector<double> lengths = pen.dashPattern();
@@ -95,9 +104,7 @@ std::vector<double> dashesOf(const Pen& pen) {
             lengths = {4.0, 2.0, 1.0, 2.0, 1.0, 2.0};
         }
     }
-    if (lengths.size() % 2 != 0)
-        lengths.push_back(0.0);
-    return lengths;
+    return withLastGap(std::move(lengths));
 }
 
 // How much of a path is drawn as lines on their own.
@@ -358,14 +365,17 @@ bool hasManyDashes(const Pen& pen, double length, const Rect& area) {
 
 void usePen(Painter& painter, const Pen& pen) {
     const double width = boundedWidth(pen);
-    const bool drawable = isDashPattern(pen.dashPattern());
-    if (drawable && pen.widthF() == width) {
+    std::vector<double> dashes = pen.dashPattern();
+    const bool drawable = isDashPattern(dashes);
+    if (drawable && dashes.size() % 2 == 0 && pen.widthF() == width) {
         painter.setPen(pen);
         return;
     }
     Pen bounded = pen;
     bounded.setWidthF(width);
-    if (!drawable) {
+    if (drawable) {
+        bounded.setDashPattern(withLastGap(std::move(dashes)));
+    } else {
         bounded.setDashPattern({});
         bounded.setStyle(PenStyle::Solid);
     }

@@ -17,8 +17,8 @@ bool isDashPattern(const std::vector<double>& lengths);
 /// `area` that they can reach.
 bool hasManyDashes(const Pen& pen, double length, const Rect& area);
 
-/// Sets the painter's pen, bounded to a width that every painter can take, and without dashes that
-/// cannot be drawn.
+/// Sets the painter's pen, bounded to a width that every painter can take, with a gap after its
+/// last dash, and without dashes that cannot be drawn.
 void usePen(Painter& painter, const Pen& pen);
 
 /// Draws the stroke of a path with a pen, at a cost bounded by the pixels of `area` and the number

@@ -281,7 +281,7 @@ TEST(Canvas, PensOfAnyNumbersReachThePainterAsOnesItCanDraw) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinity = std::numeric_limits<double>::infinity();
     const std::vector<std::vector<double>> patterns{
-        {}, {3.0, 2.0}, {nan, 1.0}, {1.0, infinity}, {-3.0, 1.0}, {0.0, 0.0}};
+        {}, {3.0, 2.0}, {3.0}, {nan, 1.0}, {1.0, infinity}, {-3.0, 1.0}, {0.0, 0.0}};
     for (const double width : {2.0, 1e5, 1e9, 1e300, infinity, nan, -1.0}) {
         for (const auto& dashes : patterns) {
             for (const int alpha : {255, 100}) {
@@ -333,6 +333,21 @@ TEST(Canvas, DashesThatCannotBeDrawnAreALine) {
     Bench solid;
     solid.canvas.drawRect({11.0, 11.0, 2.0, 2.0}, Pen(ink, 2.0));
     EXPECT_EQ(bench.text(), solid.text());
+}
+
+// Qt's painter would warn of it each time.
+TEST(Canvas, PaintersGetAGapAfterTheLastDash) {
+    const auto drawn = [](const std::vector<double>& dashes) {
+        Pen pen(ink, 2.0);
+        pen.setDashPattern(dashes);
+        Bench bench({0.0, 0.0, 400.0, 300.0});
+        bench.canvas.drawRect({20.0, 60.0, 300.0, 60.0}, pen);
+        bench.canvas.drawEllipse({200.0, 200.0}, 90.0, 60.0, pen);
+        bench.canvas.drawLine({20.0, 40.0}, {380.0, 40.0}, pen);
+        return bench.text();
+    };
+    EXPECT_EQ(drawn({4.0, 2.0, 1.0}), drawn({4.0, 2.0, 1.0, 1.0}));
+    EXPECT_NE(drawn({4.0, 2.0, 1.0}), drawn({4.0, 2.0}));
 }
 
 // Painters take seconds for them, or minutes with a wide pen.

@@ -511,9 +511,11 @@ TEST(LineSeries, DrawsTheDashesOfEveryStyleWhereTheyBecomeAPicture) {
         EXPECT_EQ(series.style(), c.style);
         EXPECT_NEAR(inked() / solid, c.share, 0.05) << static_cast<int>(c.style);
     }
-    // A dash without a gap of its own.
+    // A gap that is missing is as long as the pen is wide, and filled by the ends of the dashes.
     series.setDashPattern({5.0});
     EXPECT_NEAR(inked() / solid, 1.0, 0.01);
+    series.setDashPattern({1.0, 4.0, 1.0});
+    EXPECT_NEAR(inked() / solid, 4.0 / 7.0, 0.03);
     series.setStyle(PenStyle::None);
     series.setDashPattern({});
     RecordingPainter painter;

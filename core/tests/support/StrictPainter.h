@@ -12,7 +12,8 @@
 namespace zembra::test {
 
 /// Draws nothing and remembers the first thing that a painter should not be told: a number that is
-/// not finite, a coordinate beyond ±16,000 pixels, states and clips that are not paired.
+/// not finite, a coordinate beyond ±16,000 pixels, dashes and gaps, states or clips that are not
+/// paired.
 class StrictPainter : public Painter {
 public:
     /// Empty while all is well.
@@ -32,6 +33,8 @@ public:
             if (dash < 0.0)
                 note("a dash of negative length");
         }
+        if (pen.dashPattern().size() % 2 != 0)
+            note("a dash without a gap");
     }
     void setBrush(const Brush&) override {}
     void setFont(const Font& font) override { size(font.pixelSize()); }

@@ -60,8 +60,9 @@ public:
     /// Solid at first. Where samples are too dense for dashes to show, the line is solid.
     void setStyle(PenStyle style);
     PenStyle style() const;
-    /// Alternating dash and gap lengths in line widths, before `style` when not empty. Ignored
-    /// where a length is negative or not finite, or all of them are 0.
+    /// Alternating dash and gap lengths in line widths, before `style` when not empty; a last gap
+    /// that is missing is 1. Ignored where a length is negative or not finite, or all of them are
+    /// 0.
     void setDashPattern(std::vector<double> pattern);
     const std::vector<double>& dashPattern() const;
     void setSteps(LineSteps steps);
