@@ -564,7 +564,7 @@ void changePlot(Plot& plot, Bytes& bytes) {
         Theme theme = bytes.flag() ? Theme::dark() : Theme::print();
         if (bytes.flag()) {
             theme.cycle.clear();
-            theme.axisLineWidth = std::abs(static_cast<double>(bytes.integer()));
+            theme.axisLineWidth = bytes.integer();
             theme.tickFont.setPixelSize(bytes.byte());
         }
         plot.setTheme(theme);

@@ -171,7 +171,17 @@ double Plot::aspectRatio() const {
 }
 
 void Plot::setTheme(const Theme& theme) {
-    d->theme = theme;
+    // Painters round sizes to whole pixels, and cannot draw text of none.
+    constexpr double smallest = 0.5;
+    const Theme ready;
+    Theme drawable = theme;
+    for (Font Theme::*font : {&Theme::titleFont, &Theme::subtitleFont, &Theme::axisTitleFont,
+                              &Theme::tickFont, &Theme::legendFont}) {
+        const double size = (theme.*font).pixelSize();
+        if (!std::isfinite(size) || size < smallest)
+            (drawable.*font).setPixelSize((ready.*font).pixelSize());
+    }
+    d->theme = std::move(drawable);
 }
 
 const Theme& Plot::theme() const {

@@ -2,6 +2,7 @@
 #include "PlotPrivate.h"
 
 #include "paint/WideRegisters.h"
+#include "series/Stroke.h"
 
 #include <zembra/series/Canvas.h>
 
@@ -81,7 +82,7 @@ void PlotDrawing::drawBackground() {
 }
 
 void PlotDrawing::drawGrid(const AxisLayout& axis) {
-    painter.setPen(Pen(theme.gridLine, theme.gridLineWidth));
+    usePen(painter, Pen(theme.gridLine, theme.gridLineWidth));
     for (const Tick& tick : axis.ticks.major) {
         const double p = crisp(axis.map.transform(tick.value));
         if (axis.horizontal)
@@ -126,7 +127,7 @@ void PlotDrawing::drawAxis(const AxisPlace& place, const std::string& title) {
     const double edge = place.edge;
     const double outward = place.outward;
     const Rect& c = layout.canvas;
-    painter.setPen(Pen(theme.axisLine, theme.axisLineWidth));
+    usePen(painter, Pen(theme.axisLine, theme.axisLineWidth));
     if (axis.horizontal)
         painter.drawLine(c.left() - 0.5, edge, c.right() + 0.5, edge);
     else
@@ -315,7 +316,7 @@ void PlotDrawing::drawColorBar(const ColorBar& bar) {
         painter.fillRect({strip.x, from, strip.width, end - from}, color);
         from = to;
     }
-    painter.setPen(Pen(theme.axisLine, theme.axisLineWidth));
+    usePen(painter, Pen(theme.axisLine, theme.axisLineWidth));
     painter.drawRect({strip.x - 0.5, strip.y - 0.5, strip.width + 1.0, strip.height + 1.0});
     drawAxis({bar.axis, strip.right() + 0.5, 1.0}, bar.colors->title());
 }

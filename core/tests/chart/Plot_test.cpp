@@ -511,6 +511,42 @@ TEST(Plot, HoldsEverySeriesOnceAndNoneThatIsNone) {
     EXPECT_FALSE(plot.removeSeries(line));
 }
 
+TEST(Plot, SizesAndWidthsOfAThemeThatNoPainterCanDrawReachNone) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const Theme ready;
+    for (const double bad : {notANumber, infinity, -infinity, -5.0, 0.0, 0.49, 1e9}) {
+        for (int field = 0; field < 7; ++field) {
+            Theme theme;
+            Font* const fonts[] = {&theme.titleFont, &theme.subtitleFont, &theme.axisTitleFont,
+                                   &theme.tickFont, &theme.legendFont};
+            if (field < 5)
+                fonts[field]->setPixelSize(bad);
+            else
+                (field == 5 ? theme.axisLineWidth : theme.gridLineWidth) = bad;
+            Plot plot;
+            plot.setTitle("Title");
+            plot.setSubtitle("Subtitle");
+            plot.axis(0).setTitle("y");
+            plot.axis(2).setTitle("x");
+            for (const char* name : {"one", "two"})
+                plot.add<LineSeries>(counted(3), counted(3), name);
+            plot.setTheme(theme);
+            zembra::test::StrictPainter painter;
+            plot.renderInto(painter, 400, 300);
+            EXPECT_EQ(painter.fault(), "") << field << ' ' << bad;
+            EXPECT_FALSE(plot.canvasRect().isEmpty()) << field << ' ' << bad;
+            if (bad != 1e9) {
+                EXPECT_EQ(plot.theme().tickFont, ready.tickFont) << field << ' ' << bad;
+            }
+        }
+    }
+    Theme theme;
+    theme.tickFont.setPixelSize(0.5);
+    Plot plot;
+    plot.setTheme(theme);
+    EXPECT_EQ(plot.theme().tickFont.pixelSize(), 0.5);
+}
+
 TEST(Plot, ItsThemeMayColourTheCanvasAndLetTheGroundThrough) {
     Theme theme;
     theme.background = Color(10, 20, 30, 40);

@@ -74,6 +74,8 @@ public:
     Legend& legend();
     const Legend& legend() const;
 
+    /// Errors: a font of less than half a pixel, or of no finite size, takes its size from a new
+    /// `Theme`.
     void setTheme(const Theme& theme);
     const Theme& theme() const;
 

@@ -28,7 +28,7 @@ struct ZEMBRA_EXPORT Theme {
     Font tickFont = Font::defaultFont(FontFamily::LatoRegular, 12.0);
     Font legendFont = Font::defaultFont(FontFamily::LatoRegular, 12.0);
 
-    /// Units: logical pixels.
+    /// Units: logical pixels. Widths that are not above 0 are drawn as the thinnest line there is.
     double axisLineWidth = 1.0;
     double gridLineWidth = 1.0;
 
