@@ -15,6 +15,10 @@ constexpr int stripsPerColumn = 16;
 // Columns filled together, so that a row of them is a line of the processor's cache.
 constexpr int tileColumns = 16;
 constexpr float nothing = 1e9f;
+// Once edges have passed each strip so many times, those of more strips than this are kept in a
+// tree, where each takes as long as some hundred strips do.
+constexpr int patienceOfStrip = 64;
+constexpr int longEdge = 512;
 // Thinner strokes are drawn as wide as this, and fainter.
 constexpr double thinnest = 0.5;
 
@@ -82,6 +86,8 @@ ColumnRaster::Layer& ColumnRaster::nextLayer() {
         layer.high.assign(static_cast<std::size_t>(strips), -nothing);
         layer.steepLow.assign(lines, nothing);
         layer.steepHigh.assign(lines, -nothing);
+        layer.patience = std::int64_t{patienceOfStrip} * strips;
+        layer.hasLongEdges = false;
     }
     return layer;
 }
@@ -173,7 +179,25 @@ void ColumnRaster::addEdge(Layer& layer, Point a, Point b) {
     if (first > last)
         return;
     const double slope = (b.y - a.y) / (u2 - u1);
-    double y = a.y - top + (first - u1) * slope;
+    const double y = a.y - top + (first - u1) * slope;
+    layer.patience -= last - first;
+    if (layer.patience >= 0 || last - first < longEdge)
+        addStrips(layer, first, last, y, slope);
+    else
+        addLongEdge(layer, first, last, {y - first * slope, slope});
+}
+
+void ColumnRaster::addLongEdge(Layer& layer, int first, int last, const LowerEnvelope::Line& edge) {
+    if (!layer.hasLongEdges) {
+        layer.lowEdges.begin(strips);
+        layer.highEdges.begin(strips);
+        layer.hasLongEdges = true;
+    }
+    layer.lowEdges.add(first, last, edge);
+    layer.highEdges.add(first, last, {-edge.start, -edge.slope});
+}
+
+void ColumnRaster::addStrips(Layer& layer, int first, int last, double y, double slope) {
     for (int i = first; i <= last; ++i, y += slope) {
         const auto s = static_cast<std::size_t>(i);
         layer.low[s] = lesser(layer.low[s], static_cast<float>(y));
@@ -206,6 +230,17 @@ void ColumnRaster::addSteep(Layer& layer, const Place& a, const Place& b) {
     include(last, y, b.y);
 }
 
+void ColumnRaster::settleLongEdges(Layer& layer) {
+    if (!layer.hasLongEdges)
+        return;
+    layer.lowEdges.forEach([&](int first, int last, const LowerEnvelope::Line& edge) {
+        addStrips(layer, first, last, edge.at(first), edge.slope);
+    });
+    layer.highEdges.forEach([&](int first, int last, const LowerEnvelope::Line& edge) {
+        addStrips(layer, first, last, -edge.at(first), -edge.slope);
+    });
+}
+
 void ColumnRaster::widen(Layer& layer) {
     const std::size_t window = std::max<std::size_t>(
         1, static_cast<std::size_t>(std::round(2.0 * half * stripsPerColumn)));
@@ -232,8 +267,10 @@ void ColumnRaster::widen(Layer& layer) {
 }
 
 void ColumnRaster::settle() {
-    for (std::size_t i = 0; i < usedLayers().size(); ++i)
+    for (std::size_t i = 0; i < usedLayers().size(); ++i) {
+        settleLongEdges(layers[i]);
         widen(layers[i]);
+    }
     tileCovers.clear();
     for (int tile = 0; tile < columns; tile += tileColumns)
         tileCovers.push_back(coverOf(tile, std::min(tile + tileColumns, columns)));

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "LowerEnvelope.h"
 #include "Picture.h"
 
 #include <zembra/paint/Geometry.h>
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -53,6 +55,11 @@ private:
         std::vector<float> low, high;
         // What steep parts cover on the lines between strips, to be widened by the pen.
         std::vector<float> steepLow, steepHigh;
+        // How many strips edges may still pass before long ones are kept here, where they cost the
+        // same however long they are; `highEdges` upside down.
+        std::int64_t patience = 0;
+        bool hasLongEdges = false;
+        LowerEnvelope lowEdges, highEdges;
     };
 
     // What is covered of some columns: at all, and in each of their strips.
@@ -70,6 +77,9 @@ private:
     void addEdge(Layer& layer, Point a, Point b);
     static bool isSteep(const Place& a, const Place& b);
     void addSteep(Layer& layer, const Place& a, const Place& b);
+    static void addStrips(Layer& layer, int first, int last, double y, double slope);
+    void addLongEdge(Layer& layer, int first, int last, const LowerEnvelope::Line& edge);
+    void settleLongEdges(Layer& layer);
     void widen(Layer& layer);
     void settle();
     Cover coverOf(int first, int last) const;

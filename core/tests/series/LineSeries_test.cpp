@@ -12,6 +12,7 @@
 #include <chrono>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <random>
 
 using namespace zembra;
@@ -155,6 +156,68 @@ TEST(LineSeries, ShowsEachIsolatedSpikeAtEveryZoom) {
                   150)
             << span;
     }
+}
+
+TEST(LineSeries, CoversWhatAWidePenCoversAlongADenseWave) {
+    std::vector<double> y(1600);
+    std::vector<Point> path(y.size());
+    for (std::size_t i = 0; i < y.size(); ++i) {
+        const double x = static_cast<double>(i) / static_cast<double>(y.size());
+        y[i] = std::sin(2.0 * std::numbers::pi * 40.0 * x);
+        path[i] = {width * x, 75.0 - 6.25 * y[i]};
+    }
+    // The stroke of each line is a rectangle, and a triangle on either side fills each corner.
+    constexpr double half = 45.0;
+    const auto cross = [](const Point& a, const Point& b) { return a.x * b.y - a.y * b.x; };
+    struct Line {
+        Point to;
+        Point along;
+        double length;
+        Point side;
+    };
+    std::vector<Line> lines;
+    for (std::size_t i = 1; i < path.size(); ++i) {
+        const Point span{path[i].x - path[i - 1].x, path[i].y - path[i - 1].y};
+        const double length = std::hypot(span.x, span.y);
+        const Point along{span.x / length, span.y / length};
+        lines.push_back({path[i], along, length, {-along.y * half, along.x * half}});
+    }
+    const auto isCovered = [&](const Point& p) {
+        for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+            const auto& [end, along, length, n] = lines[i];
+            const Point to{p.x - end.x, p.y - end.y};
+            const double behind = -(to.x * along.x + to.y * along.y);
+            if (behind >= 0.0 && behind <= length && std::abs(cross(along, to)) <= half)
+                return true;
+            const Point& m = lines[i + 1].side;
+            const double turn = cross(n, m);
+            const double u = cross(to, m) / turn;
+            const double v = cross(n, to) / turn;
+            if ((u >= 0.0 && v >= 0.0 && u + v <= 1.0) || (u <= 0.0 && v <= 0.0 && u + v >= -1.0))
+                return true;
+        }
+        return false;
+    };
+    LineSeries series(evenly(y));
+    series.setWidth(2.0 * half);
+    PicturePainter painter;
+    draw(series, painter, xOver(0.0, 1.0), yOver(-20.0, 12.0));
+    ASSERT_EQ(painter.count("drawImage"), 1u);
+    std::size_t compared = 0;
+    for (int row = 20; row < 132; ++row) {
+        for (int column = 200; column < 210; column += 3) {
+            int covered = 0;
+            for (const Point& part :
+                 {Point{0.0, 0.0}, {1.0, 0.0}, {0.5, 0.5}, {0.0, 1.0}, {1.0, 1.0}})
+                covered += isCovered({column + part.x, row + part.y}) ? 1 : 0;
+            if (covered != 0 && covered != 5)
+                continue;
+            ++compared;
+            EXPECT_EQ(painter.at(column, row).alpha(), covered == 5 ? 255 : 0)
+                << column << ' ' << row;
+        }
+    }
+    EXPECT_GT(compared, 400u);
 }
 
 TEST(LineSeries, BlendsEachPixelOnceWhenTranslucent) {
